@@ -1,0 +1,28 @@
+#pragma once
+
+#include <libxml/xmlerror.h>
+
+namespace KLX {
+
+/// Takes libxml2's messages of the calling thread for as long as it lives, so that nothing reaches
+/// the process's standard error; the caller's own handler is back in place afterwards.
+class XmlErrorScope {
+public:
+    /// Messages go to the log at debug priority.
+    static XmlErrorScope toLog();
+
+    /// Messages go to the handler that is set already; to nobody when there is none.
+    static XmlErrorScope quietByDefault();
+
+    XmlErrorScope(const XmlErrorScope&) = delete;
+    XmlErrorScope& operator=(const XmlErrorScope&) = delete;
+    ~XmlErrorScope();
+
+private:
+    explicit XmlErrorScope(xmlStructuredErrorFunc handler);
+
+    xmlStructuredErrorFunc m_handler;
+    void* m_context;
+};
+
+} // namespace KLX
