@@ -1,0 +1,121 @@
+#pragma once
+
+#include "KLXExport.h"
+#include "PropertyAccessor.h"
+
+#include <atomic>
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+struct _xmlNode;
+
+namespace boost {
+class mutex;
+}
+
+/// The library's public face: reads and changes a television's settings and device information.
+///
+/// Every item is a property, named by a menu (its category) and a property name, which together
+/// make its path: menu "Picture" and property "Expert Settings/HDR+ Mode" name
+/// "/Picture/Expert Settings/HDR+ Mode". Values are always text: integers in decimal, flags as "1"
+/// or "0", enumerations as their number.
+///
+/// All operations are static, may be called from any thread at any time, and never throw. They
+/// return `true` for success. A failure inside one property (an unknown path, a setting that the
+/// platform refuses) is no failure of the operation: it shows in the platform's log only.
+///
+/// The one instance is created at the first call and lives until the process ends; the library is
+/// not meant to be unloaded.
+class CDeviceInfoManager {
+public:
+    /// Form of a document.
+    enum DataFormatType : int {
+        DATA_FORMAT_JSON = 0,
+        DATA_FORMAT_XML = 1,
+    };
+
+    /// Creates the instance; the other operations do so on demand. Calling it again does nothing.
+    /// @return false only when the creation failed, which a later call tries again
+    KLX_API static bool Initialize();
+
+    /// Reads one property.
+    /// @param menuItemName  category, such as "Picture"; may contain slashes
+    /// @param propertyName  path within the category, such as "Backlight"
+    /// @param propertyValue receives the value, "" when it cannot be read; left as it is when there
+    ///                      is no such property
+    /// @return true, also for an unknown property
+    /// @code
+    /// std::string value;
+    /// CDeviceInfoManager::GetDevicePropertyValue("Picture", "Backlight", value);   // "20"
+    /// @endcode
+    KLX_API static bool GetDevicePropertyValue(std::string menuItemName, std::string propertyName,
+                                               std::string& propertyValue);
+
+    /// Changes one property.
+    /// @param propertyValue the new value as text
+    /// @return true, also for an unknown or read-only property and for a value that the platform
+    ///         refuses; read the property back to see what it holds
+    /// @code
+    /// CDeviceInfoManager::SetDevicePropertyValue("Picture", "Backlight", "35");
+    /// @endcode
+    KLX_API static bool SetDevicePropertyValue(std::string menuItemName, std::string propertyName,
+                                               std::string propertyValue);
+
+    /// Reads many properties into one document that holds the current and the default value of
+    /// each.
+    /// @param request  categories, each with a list of paths within it; the path "*" stands for all
+    ///                 of the category, a first category "*" for the ten categories of the menu.
+    ///                 Unknown paths are left out.
+    /// @param data     receives the document (UTF-8)
+    /// @param filePath a file to write the document to as well; none when empty
+    /// @param format   `DATA_FORMAT_XML`
+    /// @return false when the format is unknown, the document cannot be built or the file cannot be
+    ///         written; @p data then holds what it was given before the failure
+    /// @code
+    /// std::string document;
+    /// CDeviceInfoManager::GetDeviceInfo({{"Picture", {"*"}}}, document, "",
+    ///                                   CDeviceInfoManager::DATA_FORMAT_XML);
+    /// @endcode
+    KLX_API static bool GetDeviceInfo(std::map<std::string, std::list<std::string>> request,
+                                      std::string& data, std::string filePath,
+                                      DataFormatType format);
+
+private:
+    // Lets unit tests, which link the library's objects, bring records of their own.
+    friend struct DeviceInfoManagerSeam;
+
+    using Request = std::map<std::string, std::list<std::string>>;
+
+    CDeviceInfoManager();
+    explicit CDeviceInfoManager(PropertyAccessorMap&& properties);
+    CDeviceInfoManager(const CDeviceInfoManager&) = delete;
+    CDeviceInfoManager& operator=(const CDeviceInfoManager&) = delete;
+    ~CDeviceInfoManager();
+
+    static void createInstance();
+    static CDeviceInfoManager& instanceFor(const char* operation);
+
+    const PropertyAccessor* find(const std::string& key) const;
+
+    void m_getPropValue(std::string menu, std::string property, std::string& value);
+    void readUsbProperty(const std::string& property, std::string& value);
+    void m_setPropValue(std::string menu, std::string property, std::string value);
+    void propertySet(std::string& key, std::string& value);
+
+    void prepareXMLData(Request& request, std::string& data);
+    void addCategory(_xmlNode* deviceInfo, const std::string& category);
+    void m_getPropValue(_xmlNode* parent, const std::string& treePath, const std::string& key,
+                        const PropertyAccessor& accessor);
+    _xmlNode* createTree(_xmlNode* parent, const std::string& fullPath,
+                         const std::string& remaining);
+
+    const std::unique_ptr<PropertyAccessorMap> m_properties;
+    // Restored before all others, in this order, because other settings depend on them.
+    const std::vector<std::string> m_specialPaths;
+
+    static std::atomic<CDeviceInfoManager*> m_pDeviceInfoManager;
+    static boost::mutex m_mutex;
+};

@@ -1,0 +1,4 @@
+#pragma once
+
+/// The network's properties. Keeps no state.
+class DeviceInfoNetwork {};

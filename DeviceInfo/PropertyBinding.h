@@ -1,0 +1,46 @@
+#pragma once
+
+#include "DeviceProperty.h"
+
+#include <boost/optional.hpp>
+
+#include <utility>
+
+/// One kind of row of the catalogue with its backing key or functions; becomes a record when it is
+/// bound to the registry's instance. The factories below name the kinds.
+class PropertyBinding {
+public:
+    using Bind = std::function<PropertyAccessor(CDeviceProperty&)>;
+
+    explicit PropertyBinding(Bind bind) : m_bind(std::move(bind)) {}
+
+    /// The default is this text; no getter is asked for it.
+    PropertyBinding withDefault(std::string text) && {
+        m_fixedDefault = std::move(text);
+        return std::move(*this);
+    }
+
+    /// For the few rows whose flag is clear although they can be written.
+    PropertyBinding withFlagClear() && {
+        m_flagClear = true;
+        return std::move(*this);
+    }
+
+    PropertyAccessor bindTo(CDeviceProperty& device) const;
+
+private:
+    Bind m_bind;
+    boost::optional<std::string> m_fixedDefault;
+    bool m_flagClear = false;
+};
+
+/// A settings-store key: value, default and setter all come from the store.
+PropertyBinding setting(const char* key, valueType type);
+
+/// Read from the runtime information, written to the system setting of the same number; the default
+/// is that of a settings-store key.
+PropertyBinding systemSetting(int key, const char* defaultKey);
+
+/// The retail or usage mode: read from runtime information 10010, written through
+/// `setSystemUseMode`; the default is that of a settings-store key.
+PropertyBinding usageMode(const char* defaultKey);

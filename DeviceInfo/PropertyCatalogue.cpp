@@ -1,0 +1,12 @@
+#include "PropertyCatalogue.h"
+
+#include <iterator>
+
+std::vector<PropertyRow> propertyCatalogue() {
+    std::vector<PropertyRow> all;
+    for (const auto rows : {generalRows}) {
+        std::vector<PropertyRow> part = rows();
+        std::move(part.begin(), part.end(), std::back_inserter(all));
+    }
+    return all;
+}

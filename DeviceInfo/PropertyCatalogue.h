@@ -1,0 +1,16 @@
+#pragma once
+
+#include "PropertyBinding.h"
+
+#include <vector>
+
+struct PropertyRow {
+    const char* path;
+    PropertyBinding binding;
+};
+
+/// The groups of the catalogue, in storing order.
+std::vector<PropertyRow> generalRows();
+
+/// Every property that the library answers to.
+std::vector<PropertyRow> propertyCatalogue();

@@ -1,0 +1,35 @@
+#include "PropertyPath.h"
+
+#include "Exception.h"
+
+#include <boost/regex.hpp>
+
+namespace {
+
+bool searchSegment(const std::string& remaining, boost::smatch& match) {
+    static const boost::regex segment("^/(([^/]+|[/]{2})*)");
+    try {
+        return boost::regex_search(remaining, match, segment);
+    } catch (const std::runtime_error&) {
+        throw KLX::Exception("Regex search failed");
+    }
+}
+
+std::string withSingleSlashes(const std::string& name) {
+    static const boost::regex doubledSlash("//");
+    try {
+        return boost::regex_replace(name, doubledSlash, "/");
+    } catch (const std::runtime_error&) {
+        throw KLX::Exception("Regex replace failed");
+    }
+}
+
+} // namespace
+
+PathSegment firstSegment(const std::string& remaining, const std::string& fullPath) {
+    boost::smatch match;
+    if (!searchSegment(remaining, match)) {
+        throw KLX::Exception("Invalid property name: " + fullPath);
+    }
+    return {withSingleSlashes(match.str(1)), static_cast<std::size_t>(match.length(0))};
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+/// The first segment of a property path.
+struct PathSegment {
+    std::string name;   ///< with each doubled slash of the path as a single one
+    std::size_t length; ///< characters of the path that it takes, its leading slash included
+};
+
+/// Splits off the first segment: a slash and what follows it up to the next single slash.
+/// @param remaining what is left of the path
+/// @param fullPath  the whole path, for the message
+/// @throws KLX::Exception "Invalid property name: " and the whole path when there is no leading
+///         slash; "Regex search failed", "Regex replace failed"
+PathSegment firstSegment(const std::string& remaining, const std::string& fullPath);

@@ -1,0 +1,42 @@
+#include "XmlDocument.h"
+
+#include "DocumentText.h"
+#include "KLXCommonUtil.h"
+
+#include <new>
+
+namespace {
+
+const xmlChar* xmlText(const char* text) {
+    return reinterpret_cast<const xmlChar*>(text);
+}
+
+// libxml2 fails here for want of memory only.
+template <class Pointer>
+Pointer required(Pointer pointer) {
+    if (pointer == nullptr) {
+        throw std::bad_alloc();
+    }
+    return pointer;
+}
+
+} // namespace
+
+XmlDocument newXmlDocument() {
+    return XmlDocument(required(xmlNewDoc(xmlText("1.0"))));
+}
+
+xmlNodePtr addRoot(const XmlDocument& document, const char* name) {
+    xmlNodePtr const root =
+        required(xmlNewDocNode(document.get(), nullptr, xmlText(name), nullptr));
+    xmlDocSetRootElement(document.get(), root);
+    return root;
+}
+
+xmlNodePtr addElement(xmlNodePtr parent, const char* name) {
+    return required(xmlNewChild(parent, nullptr, xmlText(name), nullptr));
+}
+
+void setAttribute(xmlNodePtr element, const char* name, const std::string& value) {
+    required(KLXCommonUtil::xmlSetAttribute(element, name, documentText(value).c_str()));
+}
