@@ -54,7 +54,7 @@ const char* textOf(usb_device_h device, const std::string& detail) {
 
 std::string DeviceInfoInput::getUSBDetail(const std::string& detail) {
     KLX_LOG(LogDebug, "Detail type seeked =[%s]", detail.c_str());
-    const std::string none = "0";
+    std::string none = "0";
     if (detail.empty()) {
         return none;
     }
