@@ -41,6 +41,7 @@ LIBRARIES = {
     "libudev.h": "udev",
     "systemd/": "systemd",
     "CLI/": "cli11",
+    "umockdev.h": "umockdev",
     "gtest/": "googletest",
     "gmock/": "googletest",
     "benchmark/": "benchmark",
