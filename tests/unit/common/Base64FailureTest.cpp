@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <climits>
 #include <cstdlib>
 
 namespace fake = klx::fake;
@@ -40,6 +41,12 @@ TEST_F(Base64FailureTest, NoRoomForTheEncodedText) {
 TEST_F(Base64FailureTest, NoRoomForTheEndOfTheEncodedText) {
     const FailingCall fault(Failing::bioFlush);
     EXPECT_EQ(encodingThrows(), "Could not allocate memory for BIO");
+}
+
+TEST_F(Base64FailureTest, MoreThanOneWriteTakesIsEncodedInSeveral) {
+    PretendedBioWrites writes;
+    KLXCommonUtil::encodeBase64("", std::size_t{2} * INT_MAX + 5);
+    EXPECT_THAT(writes.sizes, ElementsAre(INT_MAX, INT_MAX, 5));
 }
 
 TEST_F(Base64FailureTest, NoBufferToDecodeInto) {

@@ -6,6 +6,8 @@
  * through wrappers. What shared libraries do among themselves is not touched.
  */
 
+#include <vector>
+
 /** The functions whose calls can be failed. */
 enum class Failing { malloc, calloc, strdup, operatorNew, bioNew, bioWrite, bioFlush };
 
@@ -20,4 +22,15 @@ public:
 
 private:
     Failing m_function;
+};
+
+/** For as long as it lives, BIO_write takes everything that this thread gives it without a look. */
+class PretendedBioWrites {
+public:
+    PretendedBioWrites();
+    ~PretendedBioWrites();
+    PretendedBioWrites(const PretendedBioWrites&) = delete;
+    PretendedBioWrites& operator=(const PretendedBioWrites&) = delete;
+
+    std::vector<int> sizes; ///< Of the writes, in order.
 };
