@@ -258,7 +258,10 @@ void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
             }
         }
     }
-    KLXCommonUtil::xmlDocumentToString(document.get(), data);
+    std::string text;
+    KLXCommonUtil::xmlDocumentToString(document.get(), text);
+    noise.requireMemory();
+    data = std::move(text);
 }
 
 // The category is a mere prefix, with no slash asked for behind it: "General" also collects the
