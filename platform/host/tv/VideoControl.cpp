@@ -1,13 +1,12 @@
 #include "TvControlService.h"
 
-#include "Boundary.h"
-#include "Settings.h"
+#include "../Settings.h"
+#include "Screen.h"
 
 using namespace KLX::Host;
 
 namespace {
 
-constexpr int mainScreen = 1;
 constexpr auto pictureSizeKey = "db/menu/picture/picturesize/mode";
 
 /** The picture size as the settings store keeps it. It has no state, so one serves everybody. */
@@ -32,24 +31,13 @@ public:
     }
 };
 
-void checkScreen(int profile, int index) {
-    if (profile != mainScreen || index != 0) {
-        throw HostFailure(HostError::OutOfRange, "only profile 1, index 0 is there, not " +
-                                                     std::to_string(profile) + ", " +
-                                                     std::to_string(index));
-    }
-}
-
 } // namespace
 
 int TvControlService::CreateVideoControl(int profile, int index, IVideoControl** control) {
     return answer(__func__, [&] {
-        requirePointer(control, "control");
-        *control = nullptr;
-        checkScreen(profile, index);
         // Callers may leave a control behind; handing out the same one costs no growing memory.
         static VideoControl video;
-        *control = &video;
+        handOutControl(profile, index, control, video);
     });
 }
 
