@@ -3,6 +3,7 @@
 #include "Handles.h"
 #include "Log.h"
 
+#include <system_info.h>
 #include <usb_device.h>
 
 #include <type_traits>
@@ -51,6 +52,28 @@ const char* textOf(usb_device_h device, const std::string& detail) {
 }
 
 } // namespace
+
+DeviceInfoInput::DeviceInfoInput() : m_devices{"HDMI1", "HDMI2", "HDMI3", "HDMI4"} {
+    if (IsTessa()) {
+        m_devices.insert(m_devices.end(), {"HDMI5", "HDMI6"});
+    }
+    m_devices.insert(m_devices.end(), {"AV1", "AV2", "COMP1", "COMP2", "SCART1", "SCART2", "USB1",
+                                       "USB2", "USB3", "USB4"});
+}
+
+bool DeviceInfoInput::IsTessa() {
+    int tessa = 0;
+    if (system_info_get_custom_int("com.velmora/featureconf/the_tessa_version", &tessa) != 0) {
+        KLX_LOG(LogWarning, "fail to get com.velmora/featureconf/the_tessa_version");
+    }
+    // The line names the other model line; log analysis knows it so.
+    KLX_LOG(LogDebug, "Is PrismaTV :%d", tessa);
+    return tessa != 0;
+}
+
+void DeviceInfoInput::getInputDeviceList(std::vector<std::string>& devices) {
+    devices = m_devices;
+}
 
 std::string DeviceInfoInput::getUSBDetail(const std::string& detail) {
     KLX_LOG(LogDebug, "Detail type seeked =[%s]", detail.c_str());
