@@ -65,3 +65,30 @@ PropertyBinding usageMode(const char* defaultKey) {
             true);
     });
 }
+
+PropertyBinding plain(std::string (*get)(const std::string&), void (*set)(const std::string&)) {
+    return PropertyBinding([get, set](CDeviceProperty&) {
+        return PropertyAccessor(get, nullptr, boost::none, set, true);
+    });
+}
+
+PropertyBinding menuValue(std::string (*get)(eMenuValueType, const std::string&),
+                          void (*set)(const std::string&)) {
+    return PropertyBinding([get, set](CDeviceProperty&) {
+        const auto asked = [get](eMenuValueType kind) {
+            return [get, kind](const std::string& argument) {
+                return get(kind, argument);
+            };
+        };
+        return PropertyAccessor(asked(currentValue), asked(defaultValue), boost::none, set, true);
+    });
+}
+
+PropertyBinding pictureSize(const char* defaultKey) {
+    return PropertyBinding([defaultKey](CDeviceProperty& device) {
+        return PropertyAccessor(
+            [&device](const std::string& argument) { return device.getPictureSize(argument); },
+            storeDefault(device, defaultKey, integerValue), boost::none,
+            [&device](const std::string& value) { device.setPictureSize(value); }, true);
+    });
+}

@@ -44,3 +44,14 @@ PropertyBinding systemSetting(int key, const char* defaultKey);
 /// The retail or usage mode: read from runtime information 10010, written through
 /// `setSystemUseMode`; the default is that of a settings-store key.
 PropertyBinding usageMode(const char* defaultKey);
+
+/// Text functions without an object of their own; the default is none or a fixed one.
+PropertyBinding plain(std::string (*get)(const std::string&), void (*set)(const std::string&));
+
+/// Text functions that answer both the current value and the default.
+PropertyBinding menuValue(std::string (*get)(eMenuValueType, const std::string&),
+                          void (*set)(const std::string&));
+
+/// The picture size: read and written through the TV's video control; the default is that of a
+/// settings-store key.
+PropertyBinding pictureSize(const char* defaultKey);

@@ -10,6 +10,7 @@ struct PropertyRow {
 };
 
 /// The groups of the catalogue, in storing order.
+std::vector<PropertyRow> pictureAndSoundRows();
 std::vector<PropertyRow> generalRows();
 
 /// Every property that the library answers to.

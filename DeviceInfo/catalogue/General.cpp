@@ -1,4 +1,5 @@
 #include "PropertyCatalogue.h"
+#include "commonUtil.h"
 
 // Key names are the platform's, letter for letter, "nagative_colors" and "preffered_language" among
 // them.
@@ -29,6 +30,8 @@ std::vector<PropertyRow> generalRows() {
          setting("db/menu/general/smart_features/autorun_multiview_mirroring", integerValue)},
         {"/General & Privacy/Start screen option/Autorun Multi View Casting",
          setting("db/menu/contentcasting/multiview_autorun", integerValue)},
+        {"/General & Privacy/Start screen option/Autorun Multi View When Rotating",
+         plain(commonUtil::getAutorunMultiviewRotation, commonUtil::setAutorunMultiviewRotation)},
         {"/General & Privacy/Accessibility/Audio Description Settings/Audio Description",
          setting("db/menu/system/accessibility/audio_description", integerValue)},
         {"/General & Privacy/Accessibility/Caption Settings/Caption",
@@ -45,6 +48,8 @@ std::vector<PropertyRow> generalRows() {
          setting("db/menu/system/accessibility/highcontrast", integerValue)},
         {"/General & Privacy/Accessibility/Zoom Menu And Text",
          setting("db/menu/system/accessibility/focuszoom", integerValue)},
+        {"/General & Privacy/Accessibility/Grayscale",
+         plain(commonUtil::getGrayscaleValue, commonUtil::setGrayscaleValue)},
         {"/Support/SoftwareUpdate_AutoUpdate",
          setting("db/menu/support/softwareupdate/autoupdate", integerValue).withFlagClear()},
         {"/Support/Software Update/Update with Cellular Network",
