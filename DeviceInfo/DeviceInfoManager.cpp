@@ -25,11 +25,12 @@ namespace {
 const std::string wholeOf = "*";
 const std::string sourceConnect = "Source_Connect";
 
-/// The edge of a reading operation: turns what leaves the work into a line of its log and `false`.
-template <class Work>
-bool guarded(const char* operation, Work work) noexcept {
+/// The edge of a reading operation: turns the exception that is being handled into a line of its
+/// log.
+/// @return false, for the operation to return
+bool logFailedRead(const char* operation) noexcept {
     try {
-        return work();
+        throw;
     } catch (const KLX::Exception& error) {
         KLX_LOG_AS(operation, LogWarning, "exception occured =[%s]", error.what());
     } catch (...) {
@@ -142,22 +143,26 @@ CDeviceInfoManager& CDeviceInfoManager::instanceFor(const char* operation, const
 }
 
 bool CDeviceInfoManager::Initialize() {
-    return guarded(__func__, [] {
+    try {
         createInstance();
         return true;
-    });
+    } catch (...) {
+        return logFailedRead(__func__);
+    }
 }
 
 bool CDeviceInfoManager::GetDevicePropertyValue(std::string menuItemName, std::string propertyName,
                                                 std::string& propertyValue) {
-    const char* const operation = __func__;
-    return guarded(operation, [&] {
-        KLX_LOG_AS(operation, LogInfo, "GetDevicePropValue menuItemName = [%s] PropertyName = [%s]",
-                   menuItemName.c_str(), propertyName.c_str());
-        instanceFor(operation).m_getPropValue(menuItemName, propertyName, propertyValue);
-        KLX_LOG_AS(operation, LogInfo, "propertyValue = [%s]", propertyValue.c_str());
+    try {
+        KLX_LOG(LogInfo, "GetDevicePropValue menuItemName = [%s] PropertyName = [%s]",
+                menuItemName.c_str(), propertyName.c_str());
+        instanceFor(__func__).m_getPropValue(std::move(menuItemName), std::move(propertyName),
+                                             propertyValue);
+        KLX_LOG(LogInfo, "propertyValue = [%s]", propertyValue.c_str());
         return true;
-    });
+    } catch (...) {
+        return logFailedRead(__func__);
+    }
 }
 
 bool CDeviceInfoManager::SetDevicePropertyValue(std::string menuItemName, std::string propertyName,
@@ -180,10 +185,9 @@ bool CDeviceInfoManager::SetDevicePropertyValue(std::string menuItemName, std::s
 bool CDeviceInfoManager::GetDeviceInfo(std::map<std::string, std::list<std::string>> request,
                                        std::string& data, std::string filePath,
                                        DataFormatType format) {
-    const char* const operation = __func__;
-    return guarded(operation, [&] {
-        KLX_LOG_AS(operation, LogInfo, "GetDeviceInfo retDataFormat = [%d]", format);
-        CDeviceInfoManager& manager = instanceFor(operation);
+    try {
+        KLX_LOG(LogInfo, "GetDeviceInfo retDataFormat = [%d]", format);
+        CDeviceInfoManager& manager = instanceFor(__func__);
         if (!request.empty() && request.begin()->first == wholeOf) {
             request = everyCategory();
         }
@@ -192,16 +196,17 @@ bool CDeviceInfoManager::GetDeviceInfo(std::map<std::string, std::list<std::stri
         } else if (format == DATA_FORMAT_XML) {
             manager.prepareXMLData(request, data);
         } else {
-            KLX_LOG_AS(operation, LogInfo, "invalid data format");
+            KLX_LOG(LogInfo, "invalid data format");
             return false;
         }
         if (!filePath.empty()) {
-            KLX_LOG_AS(operation, LogInfo, "dataSize=[%zu] filePath = [%s]", data.size(),
-                       filePath.c_str());
+            KLX_LOG(LogInfo, "dataSize=[%zu] filePath = [%s]", data.size(), filePath.c_str());
             KLXCommonUtil::writeStrToFile(data, filePath);
         }
         return true;
-    });
+    } catch (...) {
+        return logFailedRead(__func__);
+    }
 }
 
 bool CDeviceInfoManager::SetDeviceInfo(std::string data, DataFormatType format) {

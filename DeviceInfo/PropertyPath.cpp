@@ -9,7 +9,8 @@ namespace {
 bool searchSegment(const std::string& remaining, boost::smatch& match) {
     static const boost::regex segment("^/(([^/]+|[/]{2})*)");
     try {
-        return boost::regex_search(remaining, match, segment);
+        // "^" alone would also match behind a line feed.
+        return boost::regex_search(remaining, match, segment, boost::match_continuous);
     } catch (const std::runtime_error&) {
         throw KLX::Exception("Regex search failed");
     }

@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <locale>
 
 namespace KLX {
 
@@ -52,7 +53,8 @@ template <class Argument>
 void Exception::createMessage(char const* fmt, Argument const& arg) noexcept {
     message = nullptr;
     try {
-        std::string const text = (boost::format(fmt) % arg).str();
+        // The process's own locale would group digits.
+        std::string const text = (boost::format(fmt, std::locale::classic()) % arg).str();
         std::size_t const size = text.size() + 1;
         message = static_cast<char*>(std::malloc(size));
         if (message != nullptr) {

@@ -74,6 +74,8 @@ public:
 
 private:
     friend struct ProfileRecord;
+    Profile& with(const std::string& name, Value value);
+
     std::string m_name;
     std::map<std::string, Value> m_values;
 };
@@ -111,8 +113,8 @@ public:
 
     /** @name Picture and sound: an adjustment is a function's name without "pelm_get_" */
     /**@{*/
-    Scene& pelm(const std::string& adjustment, int stored);
-    Scene& pelmDefault(const std::string& adjustment, int value);
+    Scene& pelm(const std::string& adjustment, long long stored);
+    Scene& pelmDefault(const std::string& adjustment, long long value);
     Scene& muted(bool muted);
     Scene& speaker(int selection);
     Scene& settingsItem(const std::string& item, int result, const std::string& text = "");

@@ -79,7 +79,7 @@ struct State {
     std::map<int, Value> systemSettings;
     std::map<int, Value> runtimeInfo;
 
-    std::map<std::pair<std::string, int>, int> pelm; ///< Adjustment and save type.
+    std::map<std::pair<std::string, int>, long long> pelm; ///< Adjustment and save type.
     std::optional<int> muted;
     std::optional<int> speaker;
     std::map<std::string, SettingsItem> settingsItems;
