@@ -39,6 +39,16 @@ bool logFailedRead(const char* operation) noexcept {
     return false;
 }
 
+template <class Forward>
+int forwarded(const char* operation, Forward forward) noexcept {
+    try {
+        return forward();
+    } catch (...) {
+        logFailedRead(operation);
+        return 0;
+    }
+}
+
 std::string keyOf(const std::string& menu, const std::string& property) {
     return "/" + menu + "/" + property;
 }
@@ -238,6 +248,40 @@ bool CDeviceInfoManager::SetDeviceInfo(std::string data, DataFormatType format) 
         KLX_LOG(LogError, "Exception in setDeviceInfo");
     }
     return false;
+}
+
+std::string CDeviceInfoManager::getFMSvalue(std::string key, std::string type) {
+    try {
+        return factoryInfo::getFMSvalueUtil(std::move(key), std::move(type));
+    } catch (...) {
+        logFailedRead(__func__);
+        return "";
+    }
+}
+
+void CDeviceInfoManager::setFMSvalue(std::string key, std::string value) {
+    try {
+        factoryInfo::setFMSvalueUtil(std::move(key), std::move(value));
+    } catch (...) {
+        logFailedRead(__func__);
+    }
+}
+
+int CDeviceInfoManager::getCPUInfo(CPU_INFO& info) {
+    return forwarded(__func__, [&info] { return DeviceInfoGeneral::getCPUInfoUtil(info); });
+}
+
+int CDeviceInfoManager::getCPUusage(int& usage) {
+    return forwarded(__func__, [&usage] { return DeviceInfoGeneral::getCPUusageUtil(usage); });
+}
+
+int CDeviceInfoManager::getMemInfo(long long& free, long long& used, long long& total) {
+    return forwarded(__func__,
+                     [&] { return DeviceInfoGeneral::getMemInfoUtil(free, used, total); });
+}
+
+int CDeviceInfoManager::getMemoryUsage(long long& used) {
+    return forwarded(__func__, [&used] { return DeviceInfoGeneral::getMemoryUsageUtil(used); });
 }
 
 const PropertyAccessor* CDeviceInfoManager::find(const std::string& key) const {

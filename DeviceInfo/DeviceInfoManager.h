@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CpuInfo.h"
 #include "KLXExport.h"
 #include "PropertyAccessor.h"
 
@@ -98,6 +99,40 @@ public:
     /// CDeviceInfoManager::SetDeviceInfo(document, CDeviceInfoManager::DATA_FORMAT_XML);
     /// @endcode
     KLX_API static bool SetDeviceInfo(std::string data, DataFormatType format);
+
+    // The diagnostics below need no initialisation.
+
+    /// Reads a custom value of the system information.
+    /// @param key  its name
+    /// @param type "string", "bool", or anything else for an integer
+    /// @return the value, "" on failure
+    /// @code
+    /// CDeviceInfoManager::getFMSvalue("com.example/feature", "int");   // "1"
+    /// @endcode
+    KLX_API static std::string getFMSvalue(std::string key, std::string type);
+
+    /// Writes a value of the set's configuration by a shell command. A shell reads both texts as
+    /// they are, so they must never come from somebody who is not trusted. The outcome is logged.
+    KLX_API static void setFMSvalue(std::string key, std::string value);
+
+    /// Takes a sample of the time that the processors have spent since the set was started.
+    /// @return 1 on success; 0 on failure, the record is then zeroed
+    KLX_API static int getCPUInfo(CPU_INFO& info);
+
+    /// Measures the processors' load over one second, for which the call blocks.
+    /// @param usage receives the busy share in percent
+    /// @return 1 on success; 0 on failure, the output is then untouched
+    KLX_API static int getCPUusage(int& usage);
+
+    /// Measures the storage for applications.
+    /// @param free,used,total receive bytes
+    /// @return 1 on success; 0 on failure, the outputs are then untouched
+    KLX_API static int getMemInfo(long long& free, long long& used, long long& total);
+
+    /// Measures the memory in use, swap included.
+    /// @param used receives bytes
+    /// @return 1 on success; 0 on failure, the output is then untouched
+    KLX_API static int getMemoryUsage(long long& used);
 
 private:
     // Lets unit tests, which link the library's objects, bring records of their own.

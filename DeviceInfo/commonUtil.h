@@ -1,9 +1,11 @@
 #pragma once
 
+#include "Handles.h"
 #include "Log.h"
 
 #include <SettingsService.h>
 #include <pelm.h>
+#include <vconf.h>
 
 #include <exception>
 #include <functional>
@@ -41,6 +43,15 @@ public:
             KLX_LOG(LogError, "Exception ERR std::stoi");
             return 0;
         }
+    }
+
+    /// @return the set's unique id, "" when there is none
+    static std::string getOpenApiDUID() {
+        const KLX::PlatformText text(vconf_get_str("db/comss/hwduid"));
+        if (!text) {
+            KLX_LOG(LogWarning, "Failed getting DUID");
+        }
+        return KLX::copyOf(text);
     }
 
     template <class T>
