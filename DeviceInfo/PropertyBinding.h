@@ -45,13 +45,19 @@ PropertyBinding systemSetting(int key, const char* defaultKey);
 /// `setSystemUseMode`; the default is that of a settings-store key.
 PropertyBinding usageMode(const char* defaultKey);
 
-/// Text functions without an object of their own; the default is none or a fixed one.
-PropertyBinding plain(std::string (*get)(const std::string&), void (*set)(const std::string&));
-
-/// Text functions that answer both the current value and the default.
-PropertyBinding menuValue(std::string (*get)(eMenuValueType, const std::string&),
-                          void (*set)(const std::string&));
-
 /// The picture size: read and written through the TV's video control; the default is that of a
 /// settings-store key.
 PropertyBinding pictureSize(const char* defaultKey);
+
+/// A string or an integer of the system information. Read-only.
+PropertyBinding systemText(int key);
+PropertyBinding systemNumber(int key);
+
+/// An integer of the runtime information. Read-only.
+PropertyBinding runtimeCounter(int key);
+
+/// What the HDMI source in front tells of itself. Read-only.
+PropertyBinding hdmiInfo(eHDMIinfo which);
+
+/// The MAC address of a connection. Read-only.
+PropertyBinding macAddress(DeviceInfoNetwork::connectionProfileType type);

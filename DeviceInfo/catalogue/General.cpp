@@ -1,3 +1,4 @@
+#include "MemberBinding.h"
 #include "PropertyCatalogue.h"
 #include "commonUtil.h"
 
@@ -10,6 +11,10 @@ std::vector<PropertyRow> generalRows() {
          systemSetting(10007, "db/menu/system/auto_protection_time")},
         {"/General/Eco Solution/Auto Power Off",
          systemSetting(10006, "db/menu/system/eco_solution/auto_power_off_default")},
+        {"/General/External Device Manager/Cordix+(HDMI-CEC)",
+         readWrite(&DeviceInfoInput::getCordixHdmiCec, &DeviceInfoInput::setCordixHdmiCec)
+             .withDefault("1")
+             .withFlagClear()},
         {"/General & Privacy/Parental Settings/Parental Lock",
          setting("db/menu/security/parental-lock", booleanValue)},
         {"/General & Privacy/Parental Settings/Mark Adult Channels",
@@ -31,7 +36,8 @@ std::vector<PropertyRow> generalRows() {
         {"/General & Privacy/Start screen option/Autorun Multi View Casting",
          setting("db/menu/contentcasting/multiview_autorun", integerValue)},
         {"/General & Privacy/Start screen option/Autorun Multi View When Rotating",
-         plain(commonUtil::getAutorunMultiviewRotation, commonUtil::setAutorunMultiviewRotation)},
+         readWrite(&commonUtil::getAutorunMultiviewRotation,
+                   &commonUtil::setAutorunMultiviewRotation)},
         {"/General & Privacy/Accessibility/Audio Description Settings/Audio Description",
          setting("db/menu/system/accessibility/audio_description", integerValue)},
         {"/General & Privacy/Accessibility/Caption Settings/Caption",
@@ -49,7 +55,7 @@ std::vector<PropertyRow> generalRows() {
         {"/General & Privacy/Accessibility/Zoom Menu And Text",
          setting("db/menu/system/accessibility/focuszoom", integerValue)},
         {"/General & Privacy/Accessibility/Grayscale",
-         plain(commonUtil::getGrayscaleValue, commonUtil::setGrayscaleValue)},
+         readWrite(&commonUtil::getGrayscaleValue, &commonUtil::setGrayscaleValue)},
         {"/Support/SoftwareUpdate_AutoUpdate",
          setting("db/menu/support/softwareupdate/autoupdate", integerValue).withFlagClear()},
         {"/Support/Software Update/Update with Cellular Network",

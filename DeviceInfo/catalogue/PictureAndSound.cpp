@@ -1,4 +1,5 @@
 #include "DeviceInfoAV.h"
+#include "MemberBinding.h"
 #include "PelmBinding.h"
 #include "PropertyCatalogue.h"
 
@@ -27,16 +28,18 @@ std::vector<PropertyRow> pictureAndSoundRows() {
         {"/General/Eco Solution/Ambient Light Detection",
          energy(pelm_get_eco_sensor, pelm_set_eco_sensor)},
         {"/General/Eco Solution/Motion Lighting",
-         plain(DeviceInfoAV::getPictureMotionLightning, DeviceInfoAV::setPictureMotionLightning)
+         readWrite(&DeviceInfoAV::getPictureMotionLightning,
+                   &DeviceInfoAV::setPictureMotionLightning)
              .withDefault("1")},
         {"/Sound/Sound Mode", soundStyle(pelm_get_sound_mode, pelm_set_sound_mode)},
         {"/Sound/Digital Output Audio Format",
-         menuValue(DeviceInfoAV::getSoundDigitalAudioOutAudioFormat,
-                   DeviceInfoAV::setSoundDigitalAudioOutAudioFormat)},
+         readWrite(&DeviceInfoAV::getSoundDigitalAudioOutAudioFormat,
+                   &DeviceInfoAV::setSoundDigitalAudioOutAudioFormat)},
         {"/Sound/Audio Delay", soundStyle(pelm_get_delay, pelm_set_delay)},
-        {"/Sound/Mute", menuValue(DeviceInfoAV::getSoundMute, DeviceInfoAV::setSoundMute)},
+        {"/Sound/Mute", readWrite(&DeviceInfoAV::getSoundMute, &DeviceInfoAV::setSoundMute)},
         {"/Sound/Sound Output",
-         menuValue(DeviceInfoAV::getTVSoundOutput, DeviceInfoAV::setTVSoundOutput).withFlagClear()},
+         readWrite(&DeviceInfoAV::getTVSoundOutput, &DeviceInfoAV::setTVSoundOutput)
+             .withFlagClear()},
         // Two paths of the menu for one setting.
         {"/Connection/Game Mode", gameMode(pelm_get_game_mode, pelm_set_game_mode)},
         {"/Connection/Game Mode Setting/Game Mode",
