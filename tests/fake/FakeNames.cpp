@@ -131,11 +131,18 @@ const std::set<std::string>& knownFunctions() {
         "appserver_get_debug_info",
         "appserver_get_used_memory",
         "esn_get",
+        "v4l2_open",
+        "v4l2_ioctl",
+        "v4l2_close",
     };
     return names;
 }
 
 } // namespace
+
+std::vector<std::string> functions() {
+    return {knownFunctions().begin(), knownFunctions().end()};
+}
 
 void requireKnown(const std::string& function) {
     if (knownFunctions().count(function) == 0) {

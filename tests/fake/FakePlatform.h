@@ -125,6 +125,13 @@ public:
     Scene& source(int sourceId);
     Scene& snr(int hundredthsOfDecibel);
     Scene& pictureSize(int size);
+    /**
+     * What the HDMI processor's video device tells about the source in front: 8 and 16 characters,
+     * cut or filled with zeroes. v4l2_open, v4l2_ioctl and v4l2_close stand in for libv4l2 in an
+     * executable that calls this. Their failures are errno values: `fail("v4l2_open", ENODEV)`;
+     * an unprogrammed request fails with 404.
+     */
+    Scene& hdmi(const std::string& vendor, const std::string& product);
     /**@}*/
 
     /** @name Network */
@@ -227,7 +234,8 @@ std::ostream& operator<<(std::ostream& out, const LogLine& line);
  * The calls so far, in the order in which they came, as text: `vconf_set_int("db/menu/x", 5)`,
  * `VideoControl.SetPictureSize(3, 1)`, `connection_destroy(connection)`. Output pointers are left
  * out, in-out values shown. Handles read as what they are ("connection", "iterator", "usb list",
- * "usb device 1", "SourceControl", a profile's name), as "null", or as "stale ..." once closed.
+ * "usb device 1", "SourceControl", "video device", a profile's name), as "null", or as "stale ..."
+ * once closed.
  */
 std::vector<std::string> calls();
 
@@ -248,13 +256,16 @@ void clearHistory();
 
 /**
  * What is open, one entry for each: "connection", "iterator", "usb list", "SourceControl",
- * "TunerControl", "VideoControl", and "usb session", "cec session" between their first and last
- * call.
+ * "TunerControl", "VideoControl", "video device", and "usb session", "cec session" between their
+ * first and last call.
  */
 std::vector<std::string> openHandles();
 
 /** Calls with a closed handle or one of another kind. Null is no misuse: it merely fails. */
 std::vector<std::string> misuses();
+
+/** The names of all functions, for tests that hold for each of them. */
+std::vector<std::string> functions();
 
 /** Makes the platform forget everything; a `Scene` does it at both ends. */
 void reset();

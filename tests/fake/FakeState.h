@@ -87,6 +87,8 @@ struct State {
     std::optional<int> source;
     std::optional<int> snr;
     std::optional<int> pictureSize;
+    std::optional<std::string> hdmi;
+    std::vector<const void*> videoDevices; ///< By descriptor, open and closed ones.
 
     NetworkState network;
 

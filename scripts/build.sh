@@ -1,0 +1,77 @@
+# Configuring, building, testing and installing. Every build has its own folder, build/NAME.
+
+jobs() {
+    getconf _NPROCESSORS_ONLN
+}
+
+# usage: configure NAME [CMAKE-OPTION...]
+# A configured folder follows changes of its CMake files by itself, but neither those of the presets
+# nor another compiler in CC and CXX: the stamp tells when to begin anew.
+configure() {
+    name=$1
+    shift
+    stamp=build/$name/.configured
+    wanted="${CC-} ${CXX-} $*"
+    if [ -f "$stamp" ]; then
+        if [ "$(cat "$stamp")" = "$wanted" ] && [ -z "$(find CMakePresets.json -newer "$stamp")" ]; then
+            return 0
+        fi
+        set -- --fresh "$@"
+    fi
+    say "configuring build/$name"
+    cmake "$@" -B "build/$name"
+    printf '%s\n' "$wanted" >"$stamp"
+}
+
+# Test programs of the thread sanitizer are run while building, too; it cannot place its shadow
+# memory under some kernels' address-space randomisation, so that is off where it can be.
+in_plain_address_space() {
+    if setarch "$(uname -m)" -R true 2>/dev/null; then
+        setarch "$(uname -m)" -R "$@"
+    else
+        "$@"
+    fi
+}
+
+# usage: build PRESET [TARGET]
+build() {
+    configure "$1" --preset "$1"
+    say "building ${2-everything} in build/$1"
+    if [ "$1" = tsan ]; then
+        in_plain_address_space cmake --build build/tsan --target "${2-all}"
+    else
+        cmake --build "build/$1" --target "${2-all}"
+    fi
+}
+
+# usage: run_tests PRESET [CTEST-OPTION...]
+run_tests() {
+    preset=$1
+    shift
+    say "running the tests of build/$preset"
+    rm -f "build/$preset/test-results.xml"
+    set -- ctest --preset "$preset" --parallel "$(jobs)" --output-junit test-results.xml "$@"
+    if [ "$preset" = tsan ]; then
+        in_plain_address_space "$@"
+    else
+        "$@"
+    fi
+}
+
+run_benchmarks() {
+    programs=$(find build/release/bench -maxdepth 1 -type f -perm -u+x | sort)
+    [ -n "$programs" ] || fail "bench/ built no program; see bench/CMakeLists.txt"
+    for program in $programs; do
+        say "running $program"
+        "$program" "$@"
+    done
+}
+
+# usage: install_release PREFIX
+install_release() {
+    configure install --preset release -DKLX_BUILD_TESTS=OFF -DKLX_BUILD_BENCH=OFF
+    say "building everything in build/install"
+    cmake --build build/install
+    say "installing under $1"
+    cmake --install build/install --prefix "$1"
+}

@@ -1,0 +1,27 @@
+# Checks of the sources that need no test run.
+# shellcheck disable=SC2086  # the list of folders is split into words
+
+source_folders="common DeviceInfo platform tools tests bench fuzz"
+
+list_sources() {
+    find $source_folders -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.c' \) | sort
+}
+
+# usage: format_sources [--check]
+format_sources() {
+    if [ $# -eq 0 ]; then
+        say "formatting the sources"
+        list_sources | xargs clang-format -i
+    else
+        say "checking the sources' format"
+        list_sources | xargs clang-format --dry-run -Werror ||
+            fail "the sources named above are not formatted; './dev format' does it"
+    fi
+}
+
+# run-clang-tidy takes the files from the compilation database, one clang-tidy a core.
+tidy_sources() {
+    say "running clang-tidy on build/dev"
+    run-clang-tidy -quiet -p build/dev -j "$(jobs)" ||
+        fail "clang-tidy found something; .clang-tidy tells what is looked for"
+}

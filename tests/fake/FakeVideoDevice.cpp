@@ -1,0 +1,106 @@
+#include "FakeCore.h"
+
+#include <cerrno>
+#include <cstdarg>
+
+#include <libv4l2.h>
+#include <linux/videodev2.h>
+
+namespace klx::fake {
+namespace {
+
+constexpr int kFirstDescriptor = 9000;
+constexpr std::size_t kVendorRoom = 8;
+constexpr std::size_t kProductRoom = 16;
+
+struct VideoDevice {};
+
+/** What the handle table knows an open descriptor by. */
+const void* handleOf(int descriptor) {
+    const Access state;
+    const auto index = static_cast<std::size_t>(descriptor - kFirstDescriptor);
+    return index < state->videoDevices.size() ? state->videoDevices[index] : &kFirstDescriptor;
+}
+
+/** The library's way to answer: an error number becomes -1 and errno. */
+int withErrno(int error, int success = 0) {
+    if (error == 0) {
+        return success;
+    }
+    errno = error;
+    return -1;
+}
+
+std::string padded(const std::string& text, std::size_t room) {
+    std::string field = text.substr(0, room);
+    field.resize(room, '\0');
+    return field;
+}
+
+/** The request's own fields, so that the history tells what was asked for. */
+std::string showRequest(unsigned long request, const v4l2_ext_controls& controls) {
+    if (request != VIDIOC_G_EXT_CTRLS || controls.count != 1) {
+        return std::to_string(request);
+    }
+    const v4l2_ext_control& control = *controls.controls;
+    const int first = control.size == 0 ? 0 : *static_cast<const unsigned char*>(control.ptr);
+    return "VIDIOC_G_EXT_CTRLS, " + args(controls.ctrl_class, control.id, control.size, first);
+}
+
+int answerControls(const State& state, unsigned long request, v4l2_ext_controls& controls) {
+    if (request != VIDIOC_G_EXT_CTRLS || controls.count != 1) {
+        return EINVAL;
+    }
+    if (!state.hdmi) {
+        return -kNotProgrammed;
+    }
+    v4l2_ext_control& control = *controls.controls;
+    giveBytes(*state.hdmi, static_cast<char*>(control.ptr), control.size);
+    return 0;
+}
+
+} // namespace
+
+Scene& Scene::hdmi(const std::string& vendor, const std::string& product) {
+    Access()->hdmi = padded(vendor, kVendorRoom) + padded(product, kProductRoom);
+    return *this;
+}
+
+} // namespace klx::fake
+
+using namespace klx::fake;
+
+int v4l2_open(const char* file, int oflag, ...) {
+    int descriptor = -1;
+    const int error = call(__func__, args(file, oflag), [&](State& state) {
+        descriptor = kFirstDescriptor + static_cast<int>(state.videoDevices.size());
+        state.videoDevices.push_back(state.handles.add(std::make_shared<VideoDevice>(),
+                                                       "video device", "video device",
+                                                       HandleTable::Kept::byClient));
+        return 0;
+    });
+    return withErrno(error, descriptor);
+}
+
+int v4l2_ioctl(int fd, unsigned long int request, ...) {
+    const char* const function = __func__;
+    va_list arguments;
+    va_start(arguments, request);
+    auto& controls = *va_arg(arguments, v4l2_ext_controls*);
+    va_end(arguments);
+    const void* const device = handleOf(fd);
+    const std::string shown = args(device) + ", " + showRequest(request, controls);
+    return withErrno(call(function, shown, [&](State& state) {
+        return state.handles.find<VideoDevice>(device, "video device", function) == nullptr
+                   ? EBADF
+                   : answerControls(state, request, controls);
+    }));
+}
+
+int v4l2_close(int fd) {
+    const char* const function = __func__;
+    const void* const device = handleOf(fd);
+    return withErrno(callReleasing(function, args(device), [&](State& state) {
+        return state.handles.close(device, "video device", function) ? 0 : EBADF;
+    }));
+}
