@@ -71,7 +71,8 @@ public:
     template <class T>
     static std::string getPelmPictureWrapper(const PictureGetter<T>& get, pelm_save_type_e save) {
         T value{};
-        return textOfRead(__func__, get(readMode, &value, save), value);
+        const int status = get(readMode, &value, save);
+        return textOfRead(__func__, status, value);
     }
 
     /// @throws what @p set throws unless it is a `std::exception`, as do the other set wrappers
@@ -83,7 +84,8 @@ public:
     template <class T>
     static std::string getPelmSoundWrapper(const SoundGetter<T>& get, pelm_save_type_e save) {
         T value{};
-        return textOfRead(__func__, get(&value, save), value);
+        const int status = get(&value, save);
+        return textOfRead(__func__, status, value);
     }
 
     template <class T>
@@ -94,7 +96,8 @@ public:
     template <class T>
     static std::string getPelmEcoWrapper(const EcoGetter<T>& get, pelm_save_type_e save) {
         T value{};
-        return textOfRead(__func__, get(readMode, save, &value), value);
+        const int status = get(readMode, save, &value);
+        return textOfRead(__func__, status, value);
     }
 
     template <class T>
@@ -105,7 +108,8 @@ public:
     template <class T>
     static std::string pelmGetGameModeWrapper(const EcoGetter<T>& get, pelm_save_type_e save) {
         T value{};
-        return textOfRead(__func__, get(gameReadMode, save, &value), value);
+        const int status = get(gameReadMode, save, &value);
+        return textOfRead(__func__, status, value);
     }
 
     template <class T>
@@ -145,14 +149,19 @@ public:
 
     /// @return the number that the settings service answers with
     static std::string getAutorunMultiviewRotation(const std::string&) {
+        SettingsService* const service = SettingsService::Get();
+        if (service == nullptr) {
+            return "";
+        }
         std::string unused;
-        return intToStr(
-            SettingsService::Get()->GetItemValue("autorun-multiview-rotating", unused, ""));
+        return intToStr(service->GetItemValue("autorun-multiview-rotating", unused, ""));
     }
 
     static void setAutorunMultiviewRotation(const std::string& text) {
         const bool enable = strToInt(text) != 0;
-        SettingsService::Get()->SetItemValue("autorun-multiview-rotating", text, enable);
+        if (SettingsService* const service = SettingsService::Get()) {
+            service->SetItemValue("autorun-multiview-rotating", text, enable);
+        }
     }
 
 private:
