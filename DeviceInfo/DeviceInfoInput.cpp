@@ -290,7 +290,7 @@ std::string DeviceInfoInput::getUSBStatus(const std::string& name) {
 
 std::string DeviceInfoInput::getUSBDetail(const std::string& detail) {
     KLX_LOG(LogDebug, "Detail type seeked =[%s]", detail.c_str());
-    const std::string none = "0";
+    std::string none = "0";
     if (detail.empty()) {
         return none;
     }

@@ -379,7 +379,10 @@ void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
             }
         }
     }
-    KLXCommonUtil::xmlDocumentToString(document.get(), data);
+    std::string text;
+    KLXCommonUtil::xmlDocumentToString(document.get(), text);
+    noise.requireMemory();
+    data = std::move(text);
 }
 
 void CDeviceInfoManager::m_getPropValue(xmlNodePtr parent, const std::string& treePath,

@@ -96,7 +96,7 @@ std::string KLXCommonUtil::encodeBase64(const void* data, std::size_t len) {
     BIO_push(chain.get(), memory);
     BIO_set_flags(chain.get(), BIO_FLAGS_BASE64_NO_NL);
 
-    auto at = static_cast<const char*>(data);
+    const auto* at = static_cast<const char*>(data);
     while (len > 0) {
         const int written =
             BIO_write(chain.get(), at, static_cast<int>(std::min<std::size_t>(len, INT_MAX)));

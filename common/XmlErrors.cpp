@@ -4,39 +4,55 @@
 
 #include <libxml/globals.h>
 
+#include <new>
 #include <string>
 
 namespace KLX {
 
 namespace {
 
-void logXmlError(void*, xmlErrorPtr error) {
+std::string messageOf(const xmlError* error) {
     std::string text = error != nullptr && error->message != nullptr ? error->message : "";
     while (!text.empty() && text.back() == '\n') {
         text.pop_back();
     }
-    KLX_LOG(LogDebug, "%s", text.c_str());
+    return text;
 }
 
 void ignoreXmlError(void*, xmlErrorPtr) {}
 
 } // namespace
 
+XmlErrorScope::XmlErrorScope()
+    : m_handler(xmlStructuredError), m_context(xmlStructuredErrorContext) {}
+
 XmlErrorScope XmlErrorScope::toLog() {
-    return XmlErrorScope(&logXmlError);
+    return XmlErrorScope(&XmlErrorScope::log);
 }
 
 XmlErrorScope XmlErrorScope::quietByDefault() {
-    return XmlErrorScope(xmlStructuredError != nullptr ? xmlStructuredError : &ignoreXmlError);
+    return xmlStructuredError != nullptr ? XmlErrorScope() : XmlErrorScope(&ignoreXmlError);
 }
 
-XmlErrorScope::XmlErrorScope(xmlStructuredErrorFunc handler)
-    : m_handler(xmlStructuredError), m_context(xmlStructuredErrorContext) {
-    xmlSetStructuredErrorFunc(handler == m_handler ? m_context : nullptr, handler);
+XmlErrorScope::XmlErrorScope(xmlStructuredErrorFunc handler) : XmlErrorScope() {
+    xmlSetStructuredErrorFunc(this, handler);
 }
 
 XmlErrorScope::~XmlErrorScope() {
     xmlSetStructuredErrorFunc(m_context, m_handler);
+}
+
+void XmlErrorScope::requireMemory() const {
+    if (m_ranOutOfMemory) {
+        throw std::bad_alloc();
+    }
+}
+
+void XmlErrorScope::log(void* scope, xmlErrorPtr error) {
+    if (error != nullptr && error->code == XML_ERR_NO_MEMORY) {
+        static_cast<XmlErrorScope*>(scope)->m_ranOutOfMemory = true;
+    }
+    KLX_LOG_AS("logXmlError", LogDebug, "%s", messageOf(error).c_str());
 }
 
 } // namespace KLX

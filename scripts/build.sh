@@ -49,8 +49,9 @@ run_tests() {
     preset=$1
     shift
     say "running the tests of build/$preset"
-    rm -f "build/$preset/test-results.xml"
-    set -- ctest --preset "$preset" --parallel "$(jobs)" --output-junit test-results.xml "$@"
+    log=$PWD/build/$preset/tests.log
+    rm -f "$log"
+    set -- ctest --preset "$preset" --parallel "$(jobs)" --output-log "$log" "$@"
     if [ "$preset" = tsan ]; then
         in_plain_address_space "$@"
     else

@@ -59,7 +59,7 @@ public:
      * Changes the size.
      *
      * @param size   number of the size
-     * @param apply  1: show it at once (the library's choice); 0: keep it for the next source
+     * @param apply  how the change is made, in the service's own terms; the library says 1
      * @return negative on failure
      */
     virtual int SetPictureSize(int size, int apply) = 0;

@@ -7,7 +7,7 @@ AREAS = {
     "common": (["platform/include"], ["boost", "libxml2", "openssl"]),
     "DeviceInfo": (["common", "platform/include"], ["boost", "libxml2", "jsoncpp", "v4l2"]),
     "platform/host": (["platform/include"], ["lmdb", "libnl", "udev", "systemd", "jsoncpp"]),
-    "tools": (["public headers"], ["cli11"]),
+    "tools": (["public headers"], ["cli11", "libxml2"]),
     "tests/fake": (["platform/include"], ["googletest", "v4l2"]),
 }
 
@@ -41,6 +41,7 @@ LIBRARIES = {
     "libudev.h": "udev",
     "systemd/": "systemd",
     "CLI/": "cli11",
+    "umockdev.h": "umockdev",
     "gtest/": "googletest",
     "gmock/": "googletest",
     "benchmark/": "benchmark",

@@ -64,7 +64,8 @@ TEST_F(NetworkTest, TheConnectionTellsTypeStatesAndAddress) {
 }
 
 TEST_F(NetworkTest, AProfileTellsWhatItWasGiven) {
-    scene.currentProfile(Profile("home").type(1).ip("10.0.0.2").ipConfig(2).dns("10.0.0.53"));
+    scene.currentProfile(
+        Profile("home").type(1).ip("10.0.0.2").ipConfig(2).dns("10.0.0.53").dns("second", 2));
     auto type = connection_profile_type_e{};
     auto config = connection_ip_config_type_e{};
     int status = -1;

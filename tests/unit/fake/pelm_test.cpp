@@ -34,10 +34,13 @@ TEST_F(PelmTest, ArgumentsAreShownInTheirOwnOrder) {
     pelm_set_contrast(0, 200, PELM_SAVE_STORED);
     pelm_set_delay(4000000000U, PELM_SAVE_STORED);
     pelm_set_game_mode(0, PELM_SAVE_STORED, static_cast<pelm_game_mode_e>(3));
+    pelm_set_energy_saving(0, PELM_SAVE_STORED, static_cast<pelm_energy_saving_e>(4));
+    pelm_set_eco_sensor(0, PELM_SAVE_STORED, 6);
     pelm_set_motion_lighting(0, 5);
     EXPECT_THAT(fake::calls(),
                 ElementsAre("pelm_set_contrast(0, 200, 1)", "pelm_set_delay(4000000000, 1)",
-                            "pelm_set_game_mode(0, 1, 3)", "pelm_set_motion_lighting(0, 5)"));
+                            "pelm_set_game_mode(0, 1, 3)", "pelm_set_energy_saving(0, 1, 4)",
+                            "pelm_set_eco_sensor(0, 1, 6)", "pelm_set_motion_lighting(0, 5)"));
 }
 
 TEST_F(PelmTest, AWriteChangesTheCopyItNames) {
@@ -48,6 +51,11 @@ TEST_F(PelmTest, AWriteChangesTheCopyItNames) {
     EXPECT_EQ(value, 100);
     pelm_get_color_tint(1, &value, PELM_SAVE_DEFAULT);
     EXPECT_EQ(value, 50);
+    EXPECT_EQ(pelm_set_color_tint(0, 60, PELM_SAVE_DEFAULT), 0);
+    pelm_get_color_tint(1, &value, PELM_SAVE_DEFAULT);
+    EXPECT_EQ(value, 60);
+    pelm_get_color_tint(1, &value, PELM_SAVE_STORED);
+    EXPECT_EQ(value, 100);
 }
 
 TEST_F(PelmTest, EachShapeKeepsItsValues) {

@@ -1,6 +1,7 @@
 #include "FakeTest.h"
 #include "TvControlService.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -106,9 +107,12 @@ private:
 TEST_F(VideoDeviceTest, TellsVendorAndProductOfTheSourceInFront) {
     scene.hdmi("LongVendor", "Player");
     const int device = v4l2_open("/dev/video21", O_RDWR | O_NONBLOCK);
+    std::fill(payload.begin() + 1, payload.end(), 0xff);
     ASSERT_EQ(request(device), 0);
     EXPECT_EQ(std::string(payload.begin(), payload.begin() + 14), "LongVendPlayer");
     EXPECT_EQ(payload[14], 0);
+    EXPECT_EQ(payload[23], 0);
+    EXPECT_EQ(payload[24], 0xff);
     EXPECT_EQ(v4l2_close(device), 0);
     EXPECT_THAT(fake::calls(),
                 ElementsAre(R"(v4l2_open("/dev/video21", 2050))",

@@ -102,8 +102,13 @@ TEST_F(CecTest, ASessionIsOpenUntilItIsClosedEvenByAFailingClose) {
     EXPECT_EQ(cec_init_proxy(), 0);
     EXPECT_THAT(fake::openHandles(), ElementsAre("cec session"));
     EXPECT_EQ(cec_close_proxy(), -1);
-    EXPECT_EQ(cec_close_proxy(), -1);
     EXPECT_THAT(fake::openHandles(), IsEmpty());
+}
+
+TEST_F(CecTest, ACloseTooManyDoesNotHideTheNextSession) {
+    cec_close_proxy();
+    cec_init_proxy();
+    EXPECT_THAT(fake::openHandles(), ElementsAre("cec session"));
 }
 
 } // namespace

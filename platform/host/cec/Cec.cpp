@@ -1,0 +1,51 @@
+#include "cec.h"
+
+#include "../Boundary.h"
+#include "../SetProfile.h"
+#include "../store/Store.h"
+#include "CecAdapter.h"
+
+using namespace KLX::Host;
+
+namespace {
+
+constexpr auto storeKey = "switches/hdmi-cec";
+
+int storedState() {
+    return std::get<int>(
+        Store::instance().read(storeKey).value_or(currentProfile().switches.hdmiCec));
+}
+
+} // namespace
+
+// Each request opens the adapter for itself, so overlapping brackets need no count.
+int cec_init_proxy(void) {
+    return static_cast<int>(HostError::None);
+}
+
+int cec_close_proxy(void) {
+    return static_cast<int>(HostError::None);
+}
+
+int cec_is_enable(void) {
+    int state = 0;
+    const int error = answer(__func__, [&] {
+        const auto adapter = CecAdapter::open();
+        state = adapter ? static_cast<int>(adapter->isEnabled()) : storedState();
+    });
+    return error != 0 ? error : state;
+}
+
+int cec_set_enable(int enable) {
+    return answer(__func__, [&] {
+        if (enable != 0 && enable != 1) {
+            throw HostFailure(HostError::OutOfRange,
+                              "HDMI-CEC is 0 or 1, not " + std::to_string(enable));
+        }
+        if (const auto adapter = CecAdapter::open()) {
+            adapter->enable(enable == 1);
+        } else {
+            Store::instance().write(storeKey, enable);
+        }
+    });
+}

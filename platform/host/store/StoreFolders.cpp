@@ -1,0 +1,170 @@
+#include "StoreFolders.h"
+
+#include "Hash.h"
+#include "StoreFault.h"
+
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iomanip>
+#include <sstream>
+#include <vector>
+
+namespace KLX::Host {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string environmentText(const char* name) {
+    const char* const text = std::getenv(name);
+    return text != nullptr ? text : "";
+}
+
+bool isFolder(const std::string& path) {
+    std::error_code ignored;
+    return fs::is_directory(path, ignored);
+}
+
+std::string homeOfPasswordFile() {
+    std::vector<char> buffer(16384);
+    passwd entry{};
+    passwd* found = nullptr;
+    if (::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) != 0 ||
+        found == nullptr || found->pw_dir == nullptr) {
+        return "";
+    }
+    return found->pw_dir;
+}
+
+std::string homeFolder() {
+    std::string home = environmentText("HOME");
+    if (home.empty()) {
+        home = homeOfPasswordFile();
+    }
+    if (home.empty() || home.front() != '/' || !isFolder(home)) {
+        throw storeFault(HostError::NoStateFolder, home.empty() ? "HOME" : home,
+                         "there is no home folder to keep the settings in");
+    }
+    return home;
+}
+
+// The same folder under two names is one folder, also as a part of the memory store's name.
+std::string canonical(const std::string& path) {
+    std::error_code failure;
+    const fs::path absolute = fs::absolute(path, failure);
+    const fs::path resolved = fs::weakly_canonical(absolute, failure);
+    return (failure ? absolute : resolved).lexically_normal().string();
+}
+
+void makeFolder(const std::string& path) {
+    if (::mkdir(path.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
+        const int code = errno;
+        // A folder above that is read-only says so even where the folder itself is there.
+        if (!isFolder(path)) {
+            throw storeFaultOf(code, path);
+        }
+    }
+}
+
+struct stat statusOf(const std::string& path, bool followLink) {
+    struct stat status {};
+    const int result = followLink ? ::stat(path.c_str(), &status) : ::lstat(path.c_str(), &status);
+    if (result != 0) {
+        throw storeFaultOf(errno, path);
+    }
+    return status;
+}
+
+void checkOwner(const std::string& path, const struct stat& status) {
+    if (!S_ISDIR(status.st_mode)) {
+        throw storeFaultOf(ENOTDIR, path);
+    }
+    if (status.st_uid != ::geteuid()) {
+        throw storeFault(HostError::NotOurs, path,
+                         "belongs to user " + std::to_string(status.st_uid) + ", not to user " +
+                             std::to_string(::geteuid()));
+    }
+}
+
+void makeFolders(const std::string& path) {
+    fs::path soFar;
+    for (const fs::path& part : fs::path(path)) {
+        soFar /= part;
+        if (!part.empty() && !isFolder(soFar.string())) {
+            makeFolder(soFar.string());
+        }
+    }
+}
+
+std::string runtimeBase() {
+    const std::string named = environmentText("XDG_RUNTIME_DIR");
+    if (!named.empty() && named.front() == '/' && isFolder(named)) {
+        return named;
+    }
+    return ::access("/run", W_OK) == 0 ? "/run" : "/tmp";
+}
+
+} // namespace
+
+std::string stateFolder() {
+    const std::string named = environmentText("KLX_STATE_DIR");
+    if (!named.empty()) {
+        return canonical(named);
+    }
+    const std::string stateHome = environmentText("XDG_STATE_HOME");
+    if (!stateHome.empty() && stateHome.front() == '/') {
+        return canonical(stateHome + "/klx");
+    }
+    return canonical(homeFolder() + "/.local/state/klx");
+}
+
+std::string runtimeFolder(const std::string& stateFolder) {
+    std::ostringstream name;
+    name << runtimeBase() << "/klx-" << ::geteuid() << '-' << std::hex << std::setw(16)
+         << std::setfill('0') << hashOf(stateFolder);
+    return name.str();
+}
+
+void ensureFolder(const std::string& path) {
+    makeFolders(path);
+    checkOwner(path, statusOf(path, true));
+}
+
+void ensurePrivateFolder(const std::string& path) {
+    makeFolder(path);
+    const struct stat status = statusOf(path, false);
+    checkOwner(path, status);
+    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
+        throw storeFault(HostError::NotOurs, path, "is open to other users");
+    }
+}
+
+std::string bootId() {
+    std::ifstream file("/proc/sys/kernel/random/boot_id");
+    std::string id;
+    return file >> id ? id : "unknown";
+}
+
+void discardStaleMemoryStores(const std::string& folder, const std::string& currentFileName) {
+    const auto startsWith = [](const std::string& name, const std::string& prefix) {
+        return name.compare(0, prefix.size(), prefix) == 0;
+    };
+    // What cannot be removed is only litter: nobody opens it any more.
+    std::error_code ignored;
+    fs::directory_iterator entry(folder, ignored);
+    while (!ignored && entry != fs::directory_iterator()) {
+        const std::string name = entry->path().filename().string();
+        if (startsWith(name, "memory-") && !startsWith(name, currentFileName)) {
+            fs::remove(entry->path(), ignored);
+        }
+        entry.increment(ignored);
+    }
+}
+
+} // namespace KLX::Host

@@ -1,0 +1,78 @@
+#include "HostTest.h"
+
+#include "dlog.h"
+#include "vconf.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <string>
+#include <thread>
+
+namespace KLX::Host {
+namespace {
+
+constexpr auto key = "db/menu/caption/caption";
+constexpr auto memoryKey = "memory/sysman/hdmi1";
+
+int valueOf(const char* name) {
+    int value = -1;
+    EXPECT_EQ(vconf_get_int(name, &value), success);
+    return value;
+}
+
+class Fork : public HostTest {};
+
+TEST_F(Fork, LeavesAStoreThatWorksInParentChildAndGrandchild) {
+    ASSERT_EQ(vconf_set_int(key, 1), success);
+    EXPECT_EQ(inOwnProcess([] {
+                  EXPECT_EQ(valueOf(key), 1);
+                  EXPECT_EQ(vconf_set_int(key, 2), success);
+                  EXPECT_EQ(inOwnProcess([] {
+                                EXPECT_EQ(valueOf(key), 2);
+                                return vconf_set_int(key, 3);
+                            }),
+                            success);
+                  return valueOf(key) == 3 ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(valueOf(key), 3);
+    EXPECT_EQ(vconf_set_int(key, 4), success);
+    EXPECT_EQ(valueOf(key), 4);
+}
+
+TEST_F(Fork, IsHarmlessWhileOtherThreadsWrite) {
+    constexpr int forks = 50;
+    std::atomic<bool> stop{false};
+    std::thread writer([&] {
+        for (int i = 0; !stop; ++i) {
+            EXPECT_EQ(vconf_set_int(memoryKey, i % 3), success);
+        }
+    });
+    for (int i = 0; i < forks; ++i) {
+        EXPECT_EQ(inOwnProcess([&] { return vconf_set_int("memory/fork", i); }), success);
+        EXPECT_EQ(valueOf("memory/fork"), i);
+    }
+    stop = true;
+    writer.join();
+}
+
+TEST_F(Fork, OfAProcessWithoutStandardDescriptorsDoesNotLogIntoTheStore) {
+    EXPECT_EQ(inOwnProcess([] {
+                  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+                      ::close(descriptor);
+                  }
+                  if (vconf_set_int(key, 9) != success) {
+                      return 1;
+                  }
+                  __dlog_print(DLOG_ID_MAIN, DLOG_ERROR, "KLX", "%s", "into the store?");
+                  return ::fcntl(STDERR_FILENO, F_GETFD) == -1 ? 0 : 2;
+              }),
+              0);
+    EXPECT_EQ(valueOf(key), 9);
+    EXPECT_EQ(contentOf(dataFile()).find("into the store?"), std::string::npos);
+}
+
+} // namespace
+} // namespace KLX::Host
