@@ -5,13 +5,27 @@
 #include "Log.h"
 #include "commonUtil.h"
 
+#include <IPowerControl.h>
 #include <TvControlService.h>
+#include <appserver.h>
+#include <esn.h>
+#include <system_info.h>
 #include <vconf.h>
 
 #include <algorithm>
+#include <chrono>
 #include <climits>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <future>
+#include <mutex>
+#include <sstream>
+#include <sys/statvfs.h>
+#include <sys/sysinfo.h>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -22,6 +36,9 @@ constexpr int tvProfile = 1;
 constexpr auto systemUseMode = static_cast<system_settings_key_e>(10008);
 
 using VideoControl = std::unique_ptr<IVideoControl, KLX::ReleasedBy<&TvControlService::Destroy>>;
+
+using TunerControl = std::unique_ptr<ITunerControl, KLX::ReleasedBy<&TvControlService::Destroy>>;
+using File = std::unique_ptr<std::FILE, KLX::ReleasedBy<&std::fclose>>;
 
 VideoControl createVideoControl() {
     IVideoControl* control = nullptr;
@@ -77,6 +94,71 @@ RuntimeAnswer readRuntimeInfo(const std::string& typeName, runtime_info_key_e ke
     }
     KLX_LOG_AS("getRuntimeInfoValue", LogError, "Wrong type parameter. type= %s", typeName.c_str());
     throw KLX::Exception("Wrong type parameter. type= %s", typeName);
+}
+
+template <std::size_t size>
+std::string textWithin(const char (&field)[size]) {
+    return {field, strnlen(field, size)};
+}
+
+using Counter = int (IPowerControl::*)(int*);
+
+std::string powerCount(const char* operation, Counter counter, const char* failure) {
+    IPowerControl* const power = IPowerControl::getInstance();
+    int count = 0;
+    if (power == nullptr || (power->*counter)(&count) < 0) {
+        KLX_LOG_AS(operation, LogWarning, "%s", failure);
+        return "";
+    }
+    return commonUtil::intToStr(count);
+}
+
+using UsageAnswer = std::shared_future<std::string>;
+
+/// Starts the query on a thread that owns everything it touches, so that an answer which comes too
+/// late finds nothing of a caller's.
+UsageAnswer queryWidgetUsage() {
+    std::packaged_task<std::string()> query([] {
+        char* answer = nullptr;
+        const int status = appserver_get_used_memory(&answer);
+        const PlatformText text(answer);
+        if (status != 0 || !text) {
+            KLX_LOG(LogWarning, "Invalid value");
+            return std::string();
+        }
+        return copyOf(text);
+    });
+    UsageAnswer answer = query.get_future().share();
+    std::thread(std::move(query)).detach();
+    return answer;
+}
+
+bool isReady(const UsageAnswer& answer) {
+    return answer.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+}
+
+UsageAnswer widgetUsage() {
+    static std::mutex mutex;
+    static UsageAnswer outstanding;
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (!outstanding.valid() || isReady(outstanding)) {
+        outstanding = queryWidgetUsage();
+    }
+    return outstanding;
+}
+
+unsigned long totalOf(const CPU_INFO& info) {
+    return info.user + info.nice + info.system + info.idle + info.iowait + info.irq + info.softirq;
+}
+
+int busyPercentage(const CPU_INFO& first, const CPU_INFO& second) {
+    // Counters may wrap around, and the kernel's iowait may go back between two samples.
+    const auto total = static_cast<long>(totalOf(second) - totalOf(first));
+    const auto idle = static_cast<long>(second.idle - first.idle);
+    if (total == 0) {
+        return 0;
+    }
+    return truncated(static_cast<float>(total - idle) / static_cast<float>(total) * 100.0f);
 }
 
 } // namespace
@@ -215,4 +297,199 @@ void DeviceInfoGeneral::setPictureSize(const std::string& value) {
     // The TV service goes on applying the size through this control; destroying it now would stop
     // that.
     static_cast<void>(control.release());
+}
+
+std::string DeviceInfoGeneral::getDUID() {
+    return commonUtil::getOpenApiDUID();
+}
+
+std::string DeviceInfoGeneral::getnESN() {
+    std::vector<char> buffer(16384);
+    auto length = static_cast<int>(buffer.size());
+    if (esn_get(buffer.data(), &length) != 0) {
+        KLX_LOG(LogWarning, "FAILURE while getting ESN");
+        return "";
+    }
+    if (length <= 0) {
+        KLX_LOG(LogWarning, "FAILURE while to retrieving ESN");
+        return "";
+    }
+    return {buffer.data(), std::min(static_cast<std::size_t>(length), buffer.size())};
+}
+
+std::string DeviceInfoGeneral::getProductType() {
+    int type = 0;
+    if (system_info_get_custom_int("com.velmora/featureconf/product.product_type", &type) != 0) {
+        KLX_LOG(LogWarning, "FAILURE while getting product type");
+        return "";
+    }
+    return commonUtil::intToStr(type);
+}
+
+std::string DeviceInfoGeneral::getProductYear() {
+    int year = 0;
+    if (system_info_get_custom_int("com.velmora/featureconf/product.tv_year", &year) != 0) {
+        KLX_LOG(LogWarning, "Fail to get product year");
+        return "";
+    }
+    return commonUtil::intToStr(year <= 99 ? year + 2000 : year);
+}
+
+std::string DeviceInfoGeneral::getDateOfPurchase() {
+    constexpr auto dateOfPurchase = static_cast<system_settings_key_e>(10001);
+    char* answer = nullptr;
+    const int status = system_settings_get_value_string(dateOfPurchase, &answer);
+    const PlatformText text(answer);
+    if (status != 0) {
+        KLX_LOG(LogWarning, "FAILURE");
+        return "";
+    }
+    if (!text) {
+        KLX_LOG(LogWarning, "Do not get date of purchase");
+    }
+    return copyOf(text);
+}
+
+std::string DeviceInfoGeneral::getVccFailCount() {
+    return powerCount(__func__, &IPowerControl::getPowerFailCount, "fail to get power fail count");
+}
+
+std::string DeviceInfoGeneral::getWatchDogCount() {
+    return powerCount(__func__, &IPowerControl::getWatchdogCount, "fail to get watchdog count");
+}
+
+std::string DeviceInfoGeneral::getLumoraVersion() {
+    const auto info = std::make_unique<appserver_app_info_s>();
+    const int status = appserver_get_app_info("10140000000", info.get());
+    if (status != 0) {
+        KLX_LOG(LogWarning, "Failed, status: %d", status);
+    }
+    return textWithin(info->version);
+}
+
+std::string DeviceInfoGeneral::getHubSite() {
+    try {
+        const auto info = std::make_unique<appserver_debug_info_s>();
+        const int status = appserver_get_debug_info(info.get());
+        if (status != 0) {
+            KLX_LOG(LogWarning, "Failed, status: %d", status);
+            throw KLX::Exception("Failed, status: %d", status);
+        }
+        return textWithin(info->hub_site);
+    } catch (const KLX::Exception& error) {
+        KLX_LOG(LogWarning, "Exception :%s", error.what());
+        return "";
+    }
+}
+
+std::string DeviceInfoGeneral::getSNRLevel() {
+    constexpr int success = 1;
+    KLX_LOG(LogDebug, "getting snr level");
+    ITunerControl* created = nullptr;
+    TvControlService::CreateTunerControl(tvProfile, 0, &created);
+    TunerControl tuner(created);
+    if (!tuner) {
+        KLX_LOG(LogWarning, "FAILURE creating tuner control object");
+        return "";
+    }
+    int level = 0;
+    const int status = tuner->GetSNRLevel(&level);
+    if (status != success) {
+        KLX_LOG(LogWarning, "FAILURE while getting SNR level %d", status);
+        // The TV service takes back a control whose query failed; destroying it here as well is not
+        // allowed.
+        static_cast<void>(tuner.release());
+        return "";
+    }
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text << level / 100.0 << " dB";
+    return text.str();
+}
+
+std::string DeviceInfoGeneral::getSystemLumoraWidgetAppUsage(eMenuValueType kind) {
+    // A used-memory figure has no default.
+    if (kind != currentValue) {
+        return "";
+    }
+    try {
+        const UsageAnswer answer = widgetUsage();
+        const auto deadline = std::chrono::system_clock::now() + std::chrono::seconds(20);
+        if (answer.wait_until(deadline) == std::future_status::ready) {
+            return answer.get();
+        }
+        KLX_LOG(LogWarning, "Timed out");
+    } catch (const std::exception& error) {
+        KLX_LOG(LogWarning, "Exception :%s", error.what());
+    }
+    return "";
+}
+
+int DeviceInfoGeneral::getCPUInfoUtil(CPU_INFO& info) {
+    KLX_LOG(LogDebug, "getCPUInfo");
+    info = {};
+    const File file(std::fopen("/proc/stat", "r"));
+    if (!file) {
+        KLX_LOG(LogWarning, "open /proc/stat failed");
+        return 0;
+    }
+    const int items =
+        std::fscanf(file.get(), "cpu %lu %lu %lu %lu %lu %lu %lu %*d %*d %*d\n", &info.user,
+                    &info.nice, &info.system, &info.idle, &info.iowait, &info.irq, &info.softirq);
+    if (items < 1) {
+        KLX_LOG(LogWarning, "error in cpu info read");
+        return 0;
+    }
+    return 1;
+}
+
+int DeviceInfoGeneral::getCPUusageUtil(int& usage) {
+    KLX_LOG(LogDebug, "getCPUusage");
+    CPU_INFO first{};
+    CPU_INFO second{};
+    if (getCPUInfoUtil(first) != 1) {
+        return 0;
+    }
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    if (getCPUInfoUtil(second) != 1) {
+        return 0;
+    }
+    usage = busyPercentage(first, second);
+    return 1;
+}
+
+int DeviceInfoGeneral::getMemInfoUtil(long long& free, long long& used, long long& total) {
+    // The pair of thresholds is the set's own: from 71 bytes on, 70 are kept back.
+    constexpr long long reserve = 70;
+    struct statvfs storage {};
+    if (statvfs("/opt", &storage) != 0) {
+        KLX_LOG(LogWarning, "statvfs failed");
+        return 0;
+    }
+    const auto blockSize = static_cast<long long>(storage.f_bsize);
+    const long long available = blockSize * static_cast<long long>(storage.f_bavail);
+    const long long occupied = blockSize * (static_cast<long long>(storage.f_blocks) -
+                                            static_cast<long long>(storage.f_bfree));
+    const long long moved = available > reserve ? reserve : available;
+    free = available - moved;
+    used = occupied + moved;
+    total = free + used;
+    KLX_LOG(LogInfo, "free=[%lld] used=[%lld] total=[%lld]", free, used, total);
+    return 1;
+}
+
+int DeviceInfoGeneral::getMemoryUsageUtil(long long& used) {
+    KLX_LOG(LogDebug, "getMemoryUsage");
+    struct sysinfo memory {};
+    if (sysinfo(&memory) != 0) {
+        KLX_LOG(LogWarning, "sysinfo failed");
+        return 0;
+    }
+    const auto inUse = [](unsigned long total, unsigned long free) {
+        return static_cast<long long>(total) - static_cast<long long>(free);
+    };
+    used = (inUse(memory.totalswap, memory.freeswap) + inUse(memory.totalram, memory.freeram)) *
+           static_cast<long long>(memory.mem_unit);
+    KLX_LOG(LogInfo, "usedMem= [%lld]", used);
+    return 1;
 }

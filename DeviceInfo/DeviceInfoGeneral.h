@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CpuInfo.h"
 #include "ValueTypes.h"
 
 #include <runtime_info.h>
@@ -8,7 +9,7 @@
 #include <string>
 
 /// Adapters that read or write one value of the settings store, the system settings, the runtime
-/// information or the TV's video control, as text.
+/// information or the TV's video control, as text; and the set's identity and diagnostics.
 ///
 /// Failures are logged and answered with "" (numeric reads: the text of 0); nothing is thrown. The
 /// class keeps no state, so any thread may call it as far as the platform's calls allow.
@@ -37,4 +38,40 @@ public:
     std::string getPictureSize(const std::string& ignored);
 
     void setPictureSize(const std::string& value);
+
+    std::string getDUID();
+    std::string getnESN();
+    std::string getProductType();
+    /// @return four digits; the set stores years up to 2099 as two
+    std::string getProductYear();
+    std::string getDateOfPurchase();
+    std::string getVccFailCount();
+    std::string getWatchDogCount();
+    std::string getLumoraVersion();
+    std::string getHubSite();
+    /// @return the tuner's signal-to-noise ratio, such as "25.34 dB"
+    std::string getSNRLevel();
+
+    /// Asks the application server on a thread of its own and waits at most 20 seconds. While a
+    /// query is out, further calls wait for that one, so that a query which never returns costs one
+    /// thread and no more.
+    /// @return the answer; "" on failure, when the time runs out, and for the default
+    std::string getSystemLumoraWidgetAppUsage(eMenuValueType kind);
+
+    /// Takes a sample of the processor times.
+    /// @return 1 on success, 0 on failure; the record is then zeroed
+    static int getCPUInfoUtil(CPU_INFO& info);
+
+    /// Takes two samples, a second apart.
+    /// @param usage receives the busy share in percent
+    /// @return 1 on success, 0 on failure; the output is then untouched
+    static int getCPUusageUtil(int& usage);
+
+    /// Measures the storage below "/opt", in bytes, less a small reserve.
+    /// @return 1 on success, 0 on failure; the outputs are then untouched
+    static int getMemInfoUtil(long long& free, long long& used, long long& total);
+
+    /// @param used receives the memory in use, swap included, in bytes
+    /// @return 1 on success, 0 on failure; the output is then untouched
+    static int getMemoryUsageUtil(long long& used);
 };

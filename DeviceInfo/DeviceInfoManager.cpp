@@ -12,9 +12,10 @@
 #include <boost/optional.hpp>
 #include <boost/thread/lock_guard.hpp>
 #include <boost/thread/mutex.hpp>
+#include <json/json.h>
 #include <libxml/parser.h>
 
-#include <algorithm>
+#include <climits>
 
 std::atomic<CDeviceInfoManager*> CDeviceInfoManager::m_pDeviceInfoManager{nullptr};
 boost::mutex CDeviceInfoManager::m_mutex;
@@ -22,6 +23,7 @@ boost::mutex CDeviceInfoManager::m_mutex;
 namespace {
 
 const std::string wholeOf = "*";
+const std::string sourceConnect = "Source_Connect";
 
 /// The edge of a reading operation: turns the exception that is being handled into a line of its
 /// log.
@@ -37,19 +39,22 @@ bool logFailedRead(const char* operation) noexcept {
     return false;
 }
 
+template <class Forward>
+int forwarded(const char* operation, Forward forward) noexcept {
+    try {
+        return forward();
+    } catch (...) {
+        logFailedRead(operation);
+        return 0;
+    }
+}
+
 std::string keyOf(const std::string& menu, const std::string& property) {
     return "/" + menu + "/" + property;
 }
 
-bool contains(const std::string& text, const char* part) {
+bool contains(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
-}
-
-/// The part behind the first slash up to the next one; a name without a slash is its own device.
-std::string usbDeviceName(const std::string& property) {
-    const std::size_t slash = property.find('/');
-    const std::size_t begin = slash == std::string::npos ? 0 : slash + 1;
-    return property.substr(begin, property.find('/', begin) - begin);
 }
 
 /// What a record's function is called with for the XML document.
@@ -70,6 +75,38 @@ std::string xmlValue(const PropertyGetter& getter, const std::string& key) {
         KLX_LOG_AS(operation, LogWarning, "Exception: ");
     }
     return "";
+}
+
+/// A value for the JSON document; a failure costs this value only.
+std::string jsonValue(const PropertyGetter& getter, const char* failure) {
+    try {
+        return getter("");
+    } catch (...) {
+        KLX_LOG_AS("m_getPropValue", LogWarning, "%s", failure);
+        return "";
+    }
+}
+
+std::string jsonDefault(const PropertyAccessor& accessor) {
+    constexpr const char* operation = "m_getPropValue";
+    if (const auto& fixedDefault = std::get<fixedDefaultElement>(accessor)) {
+        KLX_LOG_AS(operation, LogDebug, "There is fixed default value.");
+        return *fixedDefault;
+    }
+    KLX_LOG_AS(operation, LogDebug, "There is NO fixed default value.");
+    return jsonValue(std::get<defaultGetterElement>(accessor), "Exception: caught");
+}
+
+/// @throws KLX::Exception, so that one odd member is logged and costs nothing else
+const Json::Value& requireObject(const Json::Value& node) {
+    if (!node.isObject()) {
+        throw KLX::Exception("JSON object expected");
+    }
+    return node;
+}
+
+bool isNamed(xmlNodePtr element, const char* name) {
+    return xmlStrEqual(element->name, reinterpret_cast<const xmlChar*>(name)) != 0;
 }
 
 std::map<std::string, std::list<std::string>> everyCategory() {
@@ -107,9 +144,9 @@ void CDeviceInfoManager::createInstance() {
     m_pDeviceInfoManager.store(new CDeviceInfoManager, std::memory_order_release);
 }
 
-CDeviceInfoManager& CDeviceInfoManager::instanceFor(const char* operation) {
+CDeviceInfoManager& CDeviceInfoManager::instanceFor(const char* operation, const char* notice) {
     if (m_pDeviceInfoManager.load(std::memory_order_acquire) == nullptr) {
-        KLX_LOG_AS(operation, LogInfo, "Not yet initialized");
+        KLX_LOG_AS(operation, LogInfo, "%s", notice);
         createInstance();
     }
     return *m_pDeviceInfoManager.load(std::memory_order_acquire);
@@ -164,11 +201,14 @@ bool CDeviceInfoManager::GetDeviceInfo(std::map<std::string, std::list<std::stri
         if (!request.empty() && request.begin()->first == wholeOf) {
             request = everyCategory();
         }
-        if (format != DATA_FORMAT_XML) {
+        if (format == DATA_FORMAT_JSON) {
+            manager.prepareDeviceInfoData(request, data);
+        } else if (format == DATA_FORMAT_XML) {
+            manager.prepareXMLData(request, data);
+        } else {
             KLX_LOG(LogInfo, "invalid data format");
             return false;
         }
-        manager.prepareXMLData(request, data);
         if (!filePath.empty()) {
             KLX_LOG(LogInfo, "dataSize=[%zu] filePath = [%s]", data.size(), filePath.c_str());
             KLXCommonUtil::writeStrToFile(data, filePath);
@@ -177,6 +217,71 @@ bool CDeviceInfoManager::GetDeviceInfo(std::map<std::string, std::list<std::stri
     } catch (...) {
         return logFailedRead(__func__);
     }
+}
+
+bool CDeviceInfoManager::SetDeviceInfo(std::string data, DataFormatType format) {
+    try {
+        KLX_LOG(LogInfo, "SetDeviceInfo start");
+        if (data.empty()) {
+            KLX_LOG(LogInfo, "deviceInfoData is empty");
+            return false;
+        }
+        CDeviceInfoManager& manager = instanceFor(__func__, "Not yet initialized, initializing...");
+        if (format == DATA_FORMAT_XML) {
+            manager.restoreXml(data);
+            return true;
+        }
+        if (format != DATA_FORMAT_JSON) {
+            KLX_LOG(LogInfo, "invalid data format");
+            return false;
+        }
+        Json::Value root;
+        if (!manager.createJsonNode(data, root)) {
+            KLX_LOG(LogInfo, "could not create jsonNode");
+            return false;
+        }
+        manager.parseJsonData(root);
+        return true;
+    } catch (const std::exception& error) {
+        KLX_LOG(LogWarning, "exception: [%s]", error.what());
+    } catch (...) {
+        KLX_LOG(LogError, "Exception in setDeviceInfo");
+    }
+    return false;
+}
+
+std::string CDeviceInfoManager::getFMSvalue(std::string key, std::string type) {
+    try {
+        return factoryInfo::getFMSvalueUtil(std::move(key), std::move(type));
+    } catch (...) {
+        logFailedRead(__func__);
+        return "";
+    }
+}
+
+void CDeviceInfoManager::setFMSvalue(std::string key, std::string value) {
+    try {
+        factoryInfo::setFMSvalueUtil(std::move(key), std::move(value));
+    } catch (...) {
+        logFailedRead(__func__);
+    }
+}
+
+int CDeviceInfoManager::getCPUInfo(CPU_INFO& info) {
+    return forwarded(__func__, [&info] { return DeviceInfoGeneral::getCPUInfoUtil(info); });
+}
+
+int CDeviceInfoManager::getCPUusage(int& usage) {
+    return forwarded(__func__, [&usage] { return DeviceInfoGeneral::getCPUusageUtil(usage); });
+}
+
+int CDeviceInfoManager::getMemInfo(long long& free, long long& used, long long& total) {
+    return forwarded(__func__,
+                     [&] { return DeviceInfoGeneral::getMemInfoUtil(free, used, total); });
+}
+
+int CDeviceInfoManager::getMemoryUsage(long long& used) {
+    return forwarded(__func__, [&used] { return DeviceInfoGeneral::getMemoryUsageUtil(used); });
 }
 
 const PropertyAccessor* CDeviceInfoManager::find(const std::string& key) const {
@@ -239,6 +344,19 @@ void CDeviceInfoManager::propertySet(std::string& key, std::string& value) {
     }
 }
 
+// The category is a mere prefix, with no slash asked for behind it: "General" also collects the
+// keys of "General & Privacy".
+template <class Visit>
+void CDeviceInfoManager::visitCategory(const std::string& category, Visit visit) {
+    const auto belongs = [&category](const std::string& key) {
+        return key.compare(1, category.size(), category) == 0;
+    };
+    for (auto at = m_properties->lower_bound("/" + category);
+         at != m_properties->end() && belongs(at->first); ++at) {
+        visit(at->first, at->second);
+    }
+}
+
 void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
     const auto noise = KLX::XmlErrorScope::toLog();
     const XmlDocument document = newXmlDocument();
@@ -246,15 +364,18 @@ void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
     setAttribute(root, "version", "2.5");
     const xmlNodePtr deviceInfo = addElement(root, "deviceInfo");
     setAttribute(deviceInfo, "devicetype", "TV");
+    const auto add = [this, deviceInfo](const std::string& key, const PropertyAccessor& accessor) {
+        m_getPropValue(deviceInfo, key, key, accessor);
+    };
     for (const auto& [category, paths] : request) {
         for (const std::string& path : paths) {
             if (path == wholeOf) {
-                addCategory(deviceInfo, category);
+                visitCategory(category, add);
                 continue;
             }
             const std::string key = keyOf(category, path);
             if (const PropertyAccessor* const accessor = find(key)) {
-                m_getPropValue(deviceInfo, key, key, *accessor);
+                add(key, *accessor);
             }
         }
     }
@@ -262,18 +383,6 @@ void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
     KLXCommonUtil::xmlDocumentToString(document.get(), text);
     noise.requireMemory();
     data = std::move(text);
-}
-
-// The category is a mere prefix, with no slash asked for behind it: "General" also collects the
-// keys of "General & Privacy".
-void CDeviceInfoManager::addCategory(xmlNodePtr deviceInfo, const std::string& category) {
-    const auto belongs = [&category](const std::string& key) {
-        return key.compare(1, category.size(), category) == 0;
-    };
-    for (auto at = m_properties->lower_bound("/" + category);
-         at != m_properties->end() && belongs(at->first); ++at) {
-        m_getPropValue(deviceInfo, at->first, at->first, at->second);
-    }
 }
 
 void CDeviceInfoManager::m_getPropValue(xmlNodePtr parent, const std::string& treePath,
@@ -309,4 +418,200 @@ xmlNodePtr CDeviceInfoManager::createTree(xmlNodePtr parent, const std::string& 
         return createTree(element, fullPath, remaining.substr(segment.length));
     }
     return element;
+}
+
+void CDeviceInfoManager::prepareDeviceInfoData(Request& request, std::string& data) {
+    KLX_LOG(LogDebug, "prepareDeviceInfoData");
+    Json::Value root;
+    for (const auto& [category, paths] : request) {
+        const std::size_t cut = category.size() + 2;
+        const auto add = [&, &menu = category](const std::string& key, const PropertyAccessor&) {
+            if (key.size() >= cut) {
+                addProperty(menu, key.substr(cut), root);
+            }
+        };
+        for (const std::string& path : paths) {
+            if (path == wholeOf) {
+                visitCategory(category, add);
+            } else {
+                addProperty(category, path, root);
+            }
+        }
+    }
+    data = Json::writeString(Json::StreamWriterBuilder(), root);
+}
+
+void CDeviceInfoManager::addProperty(const std::string& category, const std::string& property,
+                                     Json::Value& root) {
+    if (!contains(property, sourceConnect)) {
+        m_getPropValue(category, property, root, "");
+        return;
+    }
+    std::vector<std::string> devices;
+    CDeviceProperty::GetInstance()->getInputDeviceList(devices);
+    for (const std::string& device : devices) {
+        m_getPropValue(category, sourceConnect, root, device);
+    }
+}
+
+void CDeviceInfoManager::m_getPropValue(std::string menu, std::string property, Json::Value& root,
+                                        std::string device) {
+    const bool isSource = property == sourceConnect;
+    const std::string key = keyOf(menu, property) + (isSource ? "/" + device : "");
+    const PropertyAccessor* const accessor = find(key);
+    if (accessor == nullptr) {
+        KLX_LOG(LogWarning, "key=[%s] does not exist", key.c_str());
+        return;
+    }
+    const std::string defaultText = jsonDefault(*accessor);
+    const std::string value =
+        jsonValue(std::get<valueGetterElement>(*accessor), "Exception caught");
+
+    Json::Value& node = root[documentText(menu)][documentText(property)];
+    Json::Value& entry = isSource ? node[documentText(device)] : node;
+    entry["Default"] = documentText(defaultText);
+    entry["Value"] = documentText(value);
+    if (isSource && contains(device, "USB") && value == "1") {
+        entry["vendor"]["Default"] = "0";
+        entry["vendor"]["Value"] =
+            documentText(CDeviceProperty::GetInstance()->getUSBDetail(device));
+    }
+}
+
+bool CDeviceInfoManager::createJsonNode(std::string& text, Json::Value& root) {
+    try {
+        const std::unique_ptr<Json::CharReader> reader(Json::CharReaderBuilder().newCharReader());
+        std::string errors;
+        if (reader->parse(text.data(), text.data() + text.size(), &root, &errors)) {
+            return true;
+        }
+        KLX_LOG(LogWarning, "could not read json data = [%s]", errors.c_str());
+    } catch (const std::exception& error) {
+        KLX_LOG(LogWarning, "exception: [%s]", error.what());
+    } catch (...) {
+        KLX_LOG(LogWarning, "unknown error occured");
+    }
+    return false;
+}
+
+void CDeviceInfoManager::restoreXml(const std::string& data) {
+    const auto noise = KLX::XmlErrorScope::toLog();
+    const XmlDocument document = parseXml(data);
+    const xmlNodePtr root = xmlDocGetRootElement(document.get());
+    for (xmlNodePtr node = root->children; node != nullptr; node = node->next) {
+        if (node->type != XML_ELEMENT_NODE || !isNamed(node, "deviceInfo")) {
+            continue;
+        }
+        for (const std::string& path : m_specialPaths) {
+            restore(node->children, "", path);
+        }
+        restore(node->children, "", "");
+    }
+}
+
+int CDeviceInfoManager::restore(xmlNodePtr first, const std::string& prefix,
+                                const std::string& only) {
+    int leaves = 0;
+    xmlNodePtr next = nullptr;
+    for (xmlNodePtr element = first; element != nullptr; element = next) {
+        // The element may be gone afterwards.
+        next = element->next;
+        if (element->type != XML_ELEMENT_NODE) {
+            continue;
+        }
+        const std::string path =
+            prefix + "/" + withDoubledSlashes(KLXCommonUtil::xmlGetAttribute(element, "name"));
+        if (isNamed(element, "menu") || isNamed(element, "property")) {
+            const int below = restore(element->children, path, only);
+            leaves += below;
+            if (below != 0 || prefix.empty()) {
+                continue;
+            }
+        }
+        ++leaves;
+        restoreLeaf(element, path, only);
+    }
+    return leaves;
+}
+
+void CDeviceInfoManager::restoreLeaf(xmlNodePtr element, std::string path,
+                                     const std::string& only) {
+    constexpr const char* operation = "restore";
+    if (xmlHasProp(element, reinterpret_cast<const xmlChar*>("value")) == nullptr) {
+        KLX_LOG_AS(operation, LogInfo, "Path does not contain attribute value: %s", path.c_str());
+        return;
+    }
+    std::string value = KLXCommonUtil::xmlGetAttribute(element, "value");
+    KLX_LOG_AS(operation, LogInfo, "Restoring value of %s to %s", path.c_str(), value.c_str());
+    if (only.empty()) {
+        propertySet(path, value);
+    } else if (path == only) {
+        std::get<setterElement>(m_properties->at(path))(value);
+        // The pass over all values must not apply it a second time.
+        xmlUnlinkNode(element);
+        xmlFreeNode(element);
+    }
+}
+
+void CDeviceInfoManager::parseJsonData(Json::Value& root) {
+    try {
+        KLX_LOG(LogInfo, "start");
+        const Json::Value& menus = root;
+        for (const std::string& path : m_specialPaths) {
+            const std::size_t slash = path.find('/', 1);
+            const std::string menu = path.substr(1, slash - 1);
+            if (!menus[menu].isNull()) {
+                restore(menus[menu], menu, path.substr(slash + 1));
+            }
+        }
+        for (const std::string& menu : menus.getMemberNames()) {
+            KLX_LOG(LogInfo, "menu=[%s]", menu.c_str());
+            if (!menus[menu].isObject()) {
+                continue;
+            }
+            for (const std::string& property : menus[menu].getMemberNames()) {
+                restore(menus[menu], menu, property);
+            }
+        }
+    } catch (const std::exception& error) {
+        KLX_LOG(LogWarning, "exception: [%s]", error.what());
+    } catch (...) {
+        KLX_LOG(LogError, "Exception in parseJsonData");
+    }
+}
+
+void CDeviceInfoManager::restore(const Json::Value& menuNode, const std::string& menu,
+                                 const std::string& property) {
+    try {
+        requireObject(menuNode);
+        if (!menuNode.isMember(property)) {
+            return;
+        }
+        const Json::Value& node = requireObject(menuNode[property]);
+        const std::string key = keyOf(menu, property);
+        if (property != sourceConnect) {
+            restoreValue(node, key);
+            return;
+        }
+        for (const std::string& device : node.getMemberNames()) {
+            restoreValue(node[device], key + "/" + device);
+        }
+    } catch (const std::exception& error) {
+        KLX_LOG(LogWarning, "exception: [%s]", error.what());
+    }
+}
+
+void CDeviceInfoManager::restoreValue(const Json::Value& node, std::string key) {
+    constexpr const char* operation = "restore";
+    try {
+        if (!requireObject(node).isMember("Value")) {
+            KLX_LOG_AS(operation, LogInfo, "Path does not contain attribute value: %s",
+                       key.c_str());
+            return;
+        }
+        std::string value = node["Value"].asString();
+        propertySet(key, value);
+    } catch (const std::exception& error) {
+        KLX_LOG_AS(operation, LogWarning, "exception: [%s]", error.what());
+    }
 }

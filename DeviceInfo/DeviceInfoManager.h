@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CpuInfo.h"
 #include "KLXExport.h"
 #include "PropertyAccessor.h"
 
@@ -11,6 +12,10 @@
 #include <vector>
 
 struct _xmlNode;
+
+namespace Json {
+class Value;
+}
 
 namespace boost {
 class mutex;
@@ -71,7 +76,6 @@ public:
     ///                 Unknown paths are left out.
     /// @param data     receives the document (UTF-8)
     /// @param filePath a file to write the document to as well; none when empty
-    /// @param format   `DATA_FORMAT_XML`
     /// @return false when the format is unknown, the document cannot be built or the file cannot be
     ///         written; @p data then holds what it was given before the failure
     /// @code
@@ -82,6 +86,53 @@ public:
     KLX_API static bool GetDeviceInfo(std::map<std::string, std::list<std::string>> request,
                                       std::string& data, std::string filePath,
                                       DataFormatType format);
+
+    /// Restores: applies every value of a document of the form that `GetDeviceInfo` makes. What
+    /// other settings depend on is applied first. Defaults are never applied; values are applied as
+    /// they stand, empty ones included.
+    /// @param data   the document; may come from anywhere, nothing that it refers to is loaded
+    /// @param format the document's form
+    /// @return false when the document is empty, cannot be read or has no such form, or when a
+    ///         property that must come first is unknown (XML only); what was applied before stays
+    ///         applied. Unknown properties and values that the platform refuses are logged.
+    /// @code
+    /// CDeviceInfoManager::SetDeviceInfo(document, CDeviceInfoManager::DATA_FORMAT_XML);
+    /// @endcode
+    KLX_API static bool SetDeviceInfo(std::string data, DataFormatType format);
+
+    // The diagnostics below need no initialisation.
+
+    /// Reads a custom value of the system information.
+    /// @param key  its name
+    /// @param type "string", "bool", or anything else for an integer
+    /// @return the value, "" on failure
+    /// @code
+    /// CDeviceInfoManager::getFMSvalue("com.example/feature", "int");   // "1"
+    /// @endcode
+    KLX_API static std::string getFMSvalue(std::string key, std::string type);
+
+    /// Writes a value of the set's configuration by a shell command. A shell reads both texts as
+    /// they are, so they must never come from somebody who is not trusted. The outcome is logged.
+    KLX_API static void setFMSvalue(std::string key, std::string value);
+
+    /// Takes a sample of the time that the processors have spent since the set was started.
+    /// @return 1 on success; 0 on failure, the record is then zeroed
+    KLX_API static int getCPUInfo(CPU_INFO& info);
+
+    /// Measures the processors' load over one second, for which the call blocks.
+    /// @param usage receives the busy share in percent
+    /// @return 1 on success; 0 on failure, the output is then untouched
+    KLX_API static int getCPUusage(int& usage);
+
+    /// Measures the storage for applications.
+    /// @param free,used,total receive bytes
+    /// @return 1 on success; 0 on failure, the outputs are then untouched
+    KLX_API static int getMemInfo(long long& free, long long& used, long long& total);
+
+    /// Measures the memory in use, swap included.
+    /// @param used receives bytes
+    /// @return 1 on success; 0 on failure, the output is then untouched
+    KLX_API static int getMemoryUsage(long long& used);
 
 private:
     // Lets unit tests, which link the library's objects, bring records of their own.
@@ -96,7 +147,8 @@ private:
     ~CDeviceInfoManager();
 
     static void createInstance();
-    static CDeviceInfoManager& instanceFor(const char* operation);
+    static CDeviceInfoManager& instanceFor(const char* operation,
+                                           const char* notice = "Not yet initialized");
 
     const PropertyAccessor* find(const std::string& key) const;
 
@@ -105,12 +157,27 @@ private:
     void m_setPropValue(std::string menu, std::string property, std::string value);
     void propertySet(std::string& key, std::string& value);
 
+    template <class Visit>
+    void visitCategory(const std::string& category, Visit visit);
+
     void prepareXMLData(Request& request, std::string& data);
-    void addCategory(_xmlNode* deviceInfo, const std::string& category);
     void m_getPropValue(_xmlNode* parent, const std::string& treePath, const std::string& key,
                         const PropertyAccessor& accessor);
     _xmlNode* createTree(_xmlNode* parent, const std::string& fullPath,
                          const std::string& remaining);
+
+    void prepareDeviceInfoData(Request& request, std::string& data);
+    void addProperty(const std::string& category, const std::string& property, Json::Value& root);
+    void m_getPropValue(std::string menu, std::string property, Json::Value& root,
+                        std::string device);
+    bool createJsonNode(std::string& text, Json::Value& root);
+
+    void restoreXml(const std::string& data);
+    int restore(_xmlNode* first, const std::string& prefix, const std::string& only);
+    void restoreLeaf(_xmlNode* element, std::string path, const std::string& only);
+    void parseJsonData(Json::Value& root);
+    void restore(const Json::Value& menuNode, const std::string& menu, const std::string& property);
+    void restoreValue(const Json::Value& node, std::string key);
 
     const std::unique_ptr<PropertyAccessorMap> m_properties;
     // Restored before all others, in this order, because other settings depend on them.

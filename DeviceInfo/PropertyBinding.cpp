@@ -16,6 +16,18 @@ PropertyGetter runtimeNumber(CDeviceProperty& device, int key) {
     };
 }
 
+PropertyAccessor readOnlyRecord(PropertyGetter getter) {
+    return PropertyAccessor(std::move(getter), nullptr, boost::none, emptySetter, false);
+}
+
+PropertyBinding systemInformation(const char* typeName, int key) {
+    return PropertyBinding([typeName, key](CDeviceProperty& device) {
+        return readOnlyRecord([&device, typeName, key](const std::string&) {
+            return device.getSystemInfoValue(typeName, static_cast<system_info_key_e>(key));
+        });
+    });
+}
+
 } // namespace
 
 PropertyAccessor PropertyBinding::bindTo(CDeviceProperty& device) const {
@@ -63,5 +75,41 @@ PropertyBinding usageMode(const char* defaultKey) {
             runtimeNumber(device, runtimeKey), storeDefault(device, defaultKey, integerValue),
             boost::none, [&device](const std::string& value) { device.setSystemUseMode(value); },
             true);
+    });
+}
+
+PropertyBinding pictureSize(const char* defaultKey) {
+    return PropertyBinding([defaultKey](CDeviceProperty& device) {
+        return PropertyAccessor(
+            [&device](const std::string& argument) { return device.getPictureSize(argument); },
+            storeDefault(device, defaultKey, integerValue), boost::none,
+            [&device](const std::string& value) { device.setPictureSize(value); }, true);
+    });
+}
+
+PropertyBinding systemText(int key) {
+    return systemInformation("string", key);
+}
+
+PropertyBinding systemNumber(int key) {
+    return systemInformation("int", key);
+}
+
+PropertyBinding runtimeCounter(int key) {
+    return PropertyBinding(
+        [key](CDeviceProperty& device) { return readOnlyRecord(runtimeNumber(device, key)); });
+}
+
+PropertyBinding hdmiInfo(eHDMIinfo which) {
+    return PropertyBinding([which](CDeviceProperty& device) {
+        return readOnlyRecord(
+            [&device, which](const std::string&) { return device.getHDMIinfo(which); });
+    });
+}
+
+PropertyBinding macAddress(DeviceInfoNetwork::connectionProfileType type) {
+    return PropertyBinding([type](CDeviceProperty& device) {
+        return readOnlyRecord(
+            [&device, type](const std::string&) { return device.getNetworkMAC(type); });
     });
 }

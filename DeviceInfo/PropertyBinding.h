@@ -44,3 +44,20 @@ PropertyBinding systemSetting(int key, const char* defaultKey);
 /// The retail or usage mode: read from runtime information 10010, written through
 /// `setSystemUseMode`; the default is that of a settings-store key.
 PropertyBinding usageMode(const char* defaultKey);
+
+/// The picture size: read and written through the TV's video control; the default is that of a
+/// settings-store key.
+PropertyBinding pictureSize(const char* defaultKey);
+
+/// A string or an integer of the system information. Read-only.
+PropertyBinding systemText(int key);
+PropertyBinding systemNumber(int key);
+
+/// An integer of the runtime information. Read-only.
+PropertyBinding runtimeCounter(int key);
+
+/// What the HDMI source in front tells of itself. Read-only.
+PropertyBinding hdmiInfo(eHDMIinfo which);
+
+/// The MAC address of a connection. Read-only.
+PropertyBinding macAddress(DeviceInfoNetwork::connectionProfileType type);

@@ -4,7 +4,8 @@
 
 std::vector<PropertyRow> propertyCatalogue() {
     std::vector<PropertyRow> all;
-    for (const auto rows : {generalRows}) {
+    for (const auto rows :
+         {inputRows, pictureAndSoundRows, generalRows, setInformationRows, networkRows}) {
         std::vector<PropertyRow> part = rows();
         std::move(part.begin(), part.end(), std::back_inserter(all));
     }

@@ -10,7 +10,11 @@ struct PropertyRow {
 };
 
 /// The groups of the catalogue, in storing order.
+std::vector<PropertyRow> inputRows();
+std::vector<PropertyRow> pictureAndSoundRows();
 std::vector<PropertyRow> generalRows();
+std::vector<PropertyRow> setInformationRows();
+std::vector<PropertyRow> networkRows();
 
 /// Every property that the library answers to.
 std::vector<PropertyRow> propertyCatalogue();

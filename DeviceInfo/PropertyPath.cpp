@@ -34,3 +34,17 @@ PathSegment firstSegment(const std::string& remaining, const std::string& fullPa
     }
     return {withSingleSlashes(match.str(1)), static_cast<std::size_t>(match.length(0))};
 }
+
+std::string withDoubledSlashes(const std::string& name) {
+    std::string doubled;
+    for (const char character : name) {
+        doubled.append(character == '/' ? 2 : 1, character);
+    }
+    return doubled;
+}
+
+std::string usbDeviceName(const std::string& property) {
+    const std::size_t slash = property.find('/');
+    const std::size_t begin = slash == std::string::npos ? 0 : slash + 1;
+    return property.substr(begin, property.find('/', begin) - begin);
+}

@@ -14,3 +14,10 @@ struct PathSegment {
 /// @throws KLX::Exception "Invalid property name: " and the whole path when there is no leading
 ///         slash; "Regex search failed", "Regex replace failed"
 PathSegment firstSegment(const std::string& remaining, const std::string& fullPath);
+
+/// @return the segment's name as it stands in a path, with each slash doubled
+std::string withDoubledSlashes(const std::string& name);
+
+/// @return the device that the name of a USB property speaks of: the part behind its first slash up
+///         to the next one; a name without a slash is its own device
+std::string usbDeviceName(const std::string& property);

@@ -1,8 +1,12 @@
 #include "XmlDocument.h"
 
 #include "DocumentText.h"
+#include "Exception.h"
 #include "KLXCommonUtil.h"
 
+#include <libxml/parser.h>
+
+#include <climits>
 #include <new>
 
 namespace {
@@ -24,6 +28,15 @@ Pointer required(Pointer pointer) {
 
 XmlDocument newXmlDocument() {
     return XmlDocument(required(xmlNewDoc(xmlText("1.0"))));
+}
+
+XmlDocument parseXml(const std::string& data) {
+    const int size = data.size() > INT_MAX ? -1 : static_cast<int>(data.size());
+    XmlDocument document(xmlReadMemory(data.data(), size, "noname.xml", nullptr, 0));
+    if (!document) {
+        throw KLX::Exception("Failed to parse XML from string");
+    }
+    return document;
 }
 
 xmlNodePtr addRoot(const XmlDocument& document, const char* name) {

@@ -11,4 +11,20 @@ class factoryInfo {
 public:
     /// @param typeName "int" or "string"; any other is refused without a platform call
     std::string getSystemInfoValue(const std::string& typeName, system_info_key_e key);
+
+    /// @return "Release Image", "Perf Image" or "Debug Image" by the first marker file that exists
+    std::string imageType();
+
+    /// @return "Operating" or "Development"
+    std::string getServerType();
+
+    std::string getLanguage();
+    void setLanguage(const std::string& language);
+
+    /// Runs the set's configuration command with both texts as they are; a shell reads them, so
+    /// they are the caller's responsibility.
+    static void setFMSvalueUtil(std::string key, std::string value);
+
+    /// @param type "string", "bool", or anything else for an integer
+    static std::string getFMSvalueUtil(std::string key, std::string type);
 };

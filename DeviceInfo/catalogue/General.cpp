@@ -1,4 +1,6 @@
+#include "MemberBinding.h"
 #include "PropertyCatalogue.h"
+#include "commonUtil.h"
 
 // Key names are the platform's, letter for letter, "nagative_colors" and "preffered_language" among
 // them.
@@ -9,6 +11,10 @@ std::vector<PropertyRow> generalRows() {
          systemSetting(10007, "db/menu/system/auto_protection_time")},
         {"/General/Eco Solution/Auto Power Off",
          systemSetting(10006, "db/menu/system/eco_solution/auto_power_off_default")},
+        {"/General/External Device Manager/Cordix+(HDMI-CEC)",
+         readWrite(&DeviceInfoInput::getCordixHdmiCec, &DeviceInfoInput::setCordixHdmiCec)
+             .withDefault("1")
+             .withFlagClear()},
         {"/General & Privacy/Parental Settings/Parental Lock",
          setting("db/menu/security/parental-lock", booleanValue)},
         {"/General & Privacy/Parental Settings/Mark Adult Channels",
@@ -29,6 +35,9 @@ std::vector<PropertyRow> generalRows() {
          setting("db/menu/general/smart_features/autorun_multiview_mirroring", integerValue)},
         {"/General & Privacy/Start screen option/Autorun Multi View Casting",
          setting("db/menu/contentcasting/multiview_autorun", integerValue)},
+        {"/General & Privacy/Start screen option/Autorun Multi View When Rotating",
+         readWrite(&commonUtil::getAutorunMultiviewRotation,
+                   &commonUtil::setAutorunMultiviewRotation)},
         {"/General & Privacy/Accessibility/Audio Description Settings/Audio Description",
          setting("db/menu/system/accessibility/audio_description", integerValue)},
         {"/General & Privacy/Accessibility/Caption Settings/Caption",
@@ -45,6 +54,8 @@ std::vector<PropertyRow> generalRows() {
          setting("db/menu/system/accessibility/highcontrast", integerValue)},
         {"/General & Privacy/Accessibility/Zoom Menu And Text",
          setting("db/menu/system/accessibility/focuszoom", integerValue)},
+        {"/General & Privacy/Accessibility/Grayscale",
+         readWrite(&commonUtil::getGrayscaleValue, &commonUtil::setGrayscaleValue)},
         {"/Support/SoftwareUpdate_AutoUpdate",
          setting("db/menu/support/softwareupdate/autoupdate", integerValue).withFlagClear()},
         {"/Support/Software Update/Update with Cellular Network",
