@@ -6,7 +6,8 @@ AREAS = {
     "platform/include": ([], []),
     "common": (["platform/include"], ["boost", "libxml2", "openssl"]),
     "DeviceInfo": (["common", "platform/include"], ["boost", "libxml2", "jsoncpp", "v4l2"]),
-    "platform/host": (["platform/include"], ["lmdb", "libnl", "udev", "systemd", "jsoncpp"]),
+    "platform/host": (["platform/include"], ["lmdb", "libnl", "udev", "systemd", "jsoncpp",
+                                            "pulse"]),
     "tools": (["public headers"], ["cli11", "libxml2"]),
     "tests/fake": (["platform/include"], ["googletest", "v4l2"]),
 }
@@ -21,12 +22,12 @@ PROVIDERS = ["platform/host", "tests/fake"]
 STEPS = [
     ("manager", ["DeviceInfoManager*", "*Document*", "PropertyPath.*"]),
     ("registry", ["DeviceProperty.cpp"]),
-    ("catalogue", ["PropertyCatalogue.*", "PropertyBinding.*", "catalogue/*"]),
+    ("catalogue", ["PropertyCatalogue.*", "*Binding.*", "catalogue/*"]),
     ("registry class", ["DeviceProperty.h"]),
     ("backends", ["DeviceInfoAV*", "DeviceInfoGeneral*", "DeviceInfoInput*", "DeviceInfoNetwork*",
                   "factoryInfo*"]),
     ("helpers", ["NetworkAPI*", "commonUtil.h"]),
-    ("types", ["PropertyAccessor.h", "ValueTypes.h"]),
+    ("types", ["CpuInfo.h", "PropertyAccessor.h", "ValueTypes.h"]),
 ]
 
 # Third-party headers by the library they come from.
@@ -40,6 +41,7 @@ LIBRARIES = {
     "netlink/": "libnl",
     "libudev.h": "udev",
     "systemd/": "systemd",
+    "pulse/": "pulse",
     "CLI/": "cli11",
     "umockdev.h": "umockdev",
     "gtest/": "googletest",
