@@ -76,7 +76,7 @@ std::string factoryInfo::imageType() {
 
 std::string factoryInfo::getServerType() {
     const bool operating = getSystemInfoValue("int", serverTypeKey) == "0";
-    const std::string type = operating ? "Operating" : "Development";
+    std::string type = operating ? "Operating" : "Development";
     KLX_LOG(LogInfo, "server type= [%s]", type.c_str());
     return type;
 }
