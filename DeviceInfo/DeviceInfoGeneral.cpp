@@ -123,7 +123,8 @@ UsageAnswer queryWidgetUsage() {
         const int status = appserver_get_used_memory(&answer);
         const PlatformText text(answer);
         if (status != 0 || !text) {
-            KLX_LOG(LogWarning, "Invalid value");
+            // This line is meant to carry the lambda's name, "operator()".
+            KLX_LOG(LogWarning, "Invalid value"); // NOLINT(bugprone-lambda-function-name)
             return std::string();
         }
         return copyOf(text);
