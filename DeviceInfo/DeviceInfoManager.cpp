@@ -496,7 +496,7 @@ bool CDeviceInfoManager::createJsonNode(std::string& text, Json::Value& root) {
 
 void CDeviceInfoManager::restoreXml(const std::string& data) {
     const auto noise = KLX::XmlErrorScope::toLog();
-    const XmlDocument document = parseXml(data);
+    const XmlDocument document = parseXmlDocument(data);
     const xmlNodePtr root = xmlDocGetRootElement(document.get());
     for (xmlNodePtr node = root->children; node != nullptr; node = node->next) {
         if (node->type != XML_ELEMENT_NODE || !isNamed(node, "deviceInfo")) {

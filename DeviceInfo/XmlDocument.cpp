@@ -30,7 +30,7 @@ XmlDocument newXmlDocument() {
     return XmlDocument(required(xmlNewDoc(xmlText("1.0"))));
 }
 
-XmlDocument parseXml(const std::string& data) {
+XmlDocument parseXmlDocument(const std::string& data) {
     const int size = data.size() > INT_MAX ? -1 : static_cast<int>(data.size());
     XmlDocument document(xmlReadMemory(data.data(), size, "noname.xml", nullptr, 0));
     if (!document) {

@@ -16,7 +16,7 @@ XmlDocument newXmlDocument();
 /// Parses a document that may come from anywhere: nothing that it refers to is loaded, and
 /// libxml2's limits on depth, length and entity expansion hold.
 /// @throws KLX::Exception "Failed to parse XML from string", also for more than `INT_MAX` bytes
-XmlDocument parseXml(const std::string& data);
+XmlDocument parseXmlDocument(const std::string& data);
 
 /// Adds the root element. @return the element, owned by the document
 /// @throws std::bad_alloc
