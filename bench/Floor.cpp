@@ -1,0 +1,152 @@
+#include "Floor.h"
+
+#include <dlog.h>
+#include <libxml/parser.h>
+#include <libxml/tree.h>
+#include <vconf.h>
+
+#include <cstdlib>
+#include <memory>
+#include <stdexcept>
+
+namespace floors {
+
+namespace {
+
+using Document = std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)>;
+
+const xmlChar* xmlText(const char* text) {
+    return reinterpret_cast<const xmlChar*>(text);
+}
+
+template <class... Arguments>
+void log(int priority, const char* format, Arguments... arguments) {
+    __dlog_print(DLOG_ID_MAIN, priority, "KLX", format, "Floor.cpp", "log", 1, arguments...);
+}
+
+std::string owned(char* text) {
+    const std::unique_ptr<char, decltype(&std::free)> holder(text, &std::free);
+    return text != nullptr ? text : "";
+}
+
+std::string read(const Setting& setting) {
+    int number = 0;
+    switch (setting.type) {
+    case integerValue:
+        vconf_get_int(setting.key, &number);
+        return std::to_string(number);
+    case booleanValue:
+        vconf_get_bool(setting.key, &number);
+        return std::to_string(number);
+    default:
+        return owned(vconf_get_str(setting.key));
+    }
+}
+
+std::string readDefault(const Setting& setting) {
+    int type = setting.type;
+    char* text = nullptr;
+    get_vconf_key_default_value(setting.key, &type, &text);
+    return owned(text);
+}
+
+std::string pathOf(const Setting& setting) {
+    return std::string("/") + setting.category + "/" + setting.path;
+}
+
+const Setting* settingAt(const std::string& path) {
+    for (const Setting& setting : settings()) {
+        if (pathOf(setting) == path) {
+            return &setting;
+        }
+    }
+    return nullptr;
+}
+
+void collect(xmlNodePtr first, std::size_t depth, const std::string& prefix,
+             std::vector<Element>& elements) {
+    for (xmlNodePtr node = first; node != nullptr; node = node->next) {
+        if (node->type != XML_ELEMENT_NODE) {
+            continue;
+        }
+        xmlChar* const attribute = xmlGetProp(node, xmlText("name"));
+        const std::string name = reinterpret_cast<const char*>(attribute);
+        xmlFree(attribute);
+        const std::string path = prefix + "/" + name;
+        elements.push_back(
+            {depth, reinterpret_cast<const char*>(node->name), name, settingAt(path)});
+        collect(node->children, depth + 1, path, elements);
+    }
+}
+
+std::string serialised(xmlDocPtr document) {
+    xmlChar* text = nullptr;
+    int size = 0;
+    xmlDocDumpFormatMemoryEnc(document, &text, &size, "utf-8", 1);
+    std::string result(reinterpret_cast<const char*>(text), static_cast<std::size_t>(size));
+    xmlFree(text);
+    return result;
+}
+
+} // namespace
+
+std::string get(const Setting& setting) {
+    log(DLOG_INFO, "%s: %s(%d) > GetDevicePropValue menuItemName = [%s] PropertyName = [%s]",
+        setting.category, setting.path);
+    std::string value = read(setting);
+    log(DLOG_INFO,
+        "%s: %s(%d) > GetDevicePropInfo menuItemName = [%s] PropertyName = [%s] propertyValue = "
+        "[%s]",
+        setting.category, setting.path, value.c_str());
+    log(DLOG_INFO, "%s: %s(%d) > propertyValue = [%s]", value.c_str());
+    return value;
+}
+
+void set(const Setting& setting, const std::string& value) {
+    log(DLOG_INFO,
+        "%s: %s(%d) > SetDevicePropValue menuItemName = [%s] propertyName = [%s] propertyValue "
+        "=[%s]",
+        setting.category, setting.path, value.c_str());
+    log(DLOG_INFO, "%s: %s(%d) > mapKeyID=[%s] value=[%s]", setting.path, value.c_str());
+    vconf_set_int(setting.key, std::stoi(value));
+}
+
+std::vector<Element> elementsOf(const std::string& document) {
+    const Document parsed(
+        xmlReadMemory(document.data(), static_cast<int>(document.size()), "document", nullptr, 0),
+        &xmlFreeDoc);
+    if (!parsed) {
+        throw std::runtime_error("the library's document cannot be read");
+    }
+    std::vector<Element> elements;
+    collect(xmlFirstElementChild(xmlDocGetRootElement(parsed.get()))->children, 0, "", elements);
+    return elements;
+}
+
+std::string document(const std::vector<Element>& elements) {
+    log(DLOG_INFO, "%s: %s(%d) > GetDeviceInfo retDataFormat = [%d]", 1);
+    const Document built(xmlNewDoc(xmlText("1.0")), &xmlFreeDoc);
+    const xmlNodePtr root = xmlNewDocNode(built.get(), nullptr, xmlText("rm_as"), nullptr);
+    xmlDocSetRootElement(built.get(), root);
+    xmlNewProp(root, xmlText("version"), xmlText("2.5"));
+    const xmlNodePtr deviceInfo = xmlNewChild(root, nullptr, xmlText("deviceInfo"), nullptr);
+    xmlNewProp(deviceInfo, xmlText("devicetype"), xmlText("TV"));
+
+    std::vector<xmlNodePtr> parents{deviceInfo};
+    for (const Element& element : elements) {
+        parents.resize(element.depth + 1);
+        log(DLOG_DEBUG, "%s: %s(%d) > Creating %s", element.name.c_str());
+        const xmlNodePtr node =
+            xmlNewChild(parents.back(), nullptr, xmlText(element.kind.c_str()), nullptr);
+        xmlNewProp(node, xmlText("name"), xmlText(element.name.c_str()));
+        if (element.setting != nullptr) {
+            log(DLOG_DEBUG, "%s: %s(%d) > There is NO fixed default value.");
+            xmlNewProp(node, xmlText("default"), xmlText(readDefault(*element.setting).c_str()));
+            xmlNewProp(node, xmlText("value"), xmlText(read(*element.setting).c_str()));
+        }
+        parents.push_back(node);
+    }
+    return serialised(built.get());
+}
+
+} // namespace floors
