@@ -1,6 +1,7 @@
 #include "ManagerTest.h"
 #include "TempFolder.h"
 
+using namespace klx::test;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 

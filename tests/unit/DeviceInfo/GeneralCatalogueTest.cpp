@@ -1,14 +1,16 @@
 #include "DeviceProperty.h"
 #include "GeneralRows.h"
-#include "LogMatchers.h"
+#include "ManagerTest.h"
 
-#include <boost/optional.hpp>
+#include <boost/optional/optional_io.hpp>
 #include <gmock/gmock.h>
 
 #include <algorithm>
 #include <cctype>
 
 namespace fake = klx::fake;
+using namespace klx::test;
+using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 
 namespace {
@@ -91,6 +93,7 @@ std::string nameOfRow(const ::testing::TestParamInfo<GeneralRow>& row) {
 class GeneralCatalogueTest : public ::testing::TestWithParam<GeneralRow> {
 protected:
     GeneralCatalogueTest() {
+        makeRegistry();
         PropertyAccessorMap properties;
         CDeviceProperty::GetInstance()->createPropertyAccessor(properties);
         accessor = properties.at(row.path);
@@ -134,6 +137,65 @@ TEST(GeneralCatalogueRowsTest, AreThirtyFourDifferentPaths) {
     std::sort(paths.begin(), paths.end());
     EXPECT_EQ(std::unique(paths.begin(), paths.end()), paths.end());
     EXPECT_EQ(paths.size(), 34u);
+}
+
+/** The settings of these menus that services of their own keep. */
+class GeneralServiceTest : public ::testing::Test {
+protected:
+    GeneralServiceTest() {
+        makeRegistry();
+        CDeviceProperty::GetInstance()->createPropertyAccessor(properties);
+    }
+
+    const PropertyAccessor& at(const std::string& path) const { return properties.at(path); }
+
+    fake::Scene scene;
+    PropertyAccessorMap properties;
+};
+
+TEST_F(GeneralServiceTest, CordixIsTheStateOfHdmiCec) {
+    const PropertyAccessor& cordix = at("/General/External Device Manager/Cordix+(HDMI-CEC)");
+    scene.cec(1);
+    EXPECT_EQ(std::get<valueGetterElement>(cordix)("ignored"), "1");
+    EXPECT_THAT(fake::history(),
+                ElementsAre("cec_init_proxy()", "cec_is_enable()", "cec_close_proxy()"));
+    EXPECT_EQ(std::get<fixedDefaultElement>(cordix), std::string("1"));
+    EXPECT_FALSE(std::get<flagElement>(cordix));
+    std::get<setterElement>(cordix)("0");
+    EXPECT_THAT(fake::callsTo("cec_set_enable"), ElementsAre("cec_set_enable(0)"));
+}
+
+TEST_F(GeneralServiceTest, RotationIsAnItemOfTheSettingsService) {
+    const PropertyAccessor& rotation =
+        at("/General & Privacy/Start screen option/Autorun Multi View When Rotating");
+    scene.settingsItem("autorun-multiview-rotating", 3, "unused");
+    EXPECT_EQ(std::get<valueGetterElement>(rotation)("ignored"), "3");
+    EXPECT_THAT(fake::callsTo("SettingsService.GetItemValue"),
+                ElementsAre("SettingsService.GetItemValue(\"autorun-multiview-rotating\", \"\")"));
+    std::get<setterElement>(rotation)("1");
+    EXPECT_THAT(
+        fake::callsTo("SettingsService.SetItemValue"),
+        ElementsAre("SettingsService.SetItemValue(\"autorun-multiview-rotating\", \"1\", true)"));
+    EXPECT_TRUE(std::get<flagElement>(rotation));
+}
+
+TEST_F(GeneralServiceTest, GrayscaleIsKeptByThePictureLibrary) {
+    const PropertyAccessor& grayscale = at("/General & Privacy/Accessibility/Grayscale");
+    scene.pelm("video_gray_onoff", 1);
+    EXPECT_EQ(std::get<valueGetterElement>(grayscale)("ignored"), "1");
+    std::get<setterElement>(grayscale)("0");
+    EXPECT_THAT(fake::calls(),
+                ElementsAre("pelm_get_video_gray_onoff()", "pelm_set_video_gray_onoff(0)"));
+    EXPECT_TRUE(std::get<flagElement>(grayscale));
+}
+
+TEST_F(GeneralServiceTest, RotationAndGrayscaleHaveNoDefault) {
+    for (const char* path : {"/General & Privacy/Start screen option/Autorun Multi View When "
+                             "Rotating",
+                             "/General & Privacy/Accessibility/Grayscale"}) {
+        EXPECT_FALSE(std::get<fixedDefaultElement>(at(path))) << path;
+        EXPECT_FALSE(std::get<defaultGetterElement>(at(path))) << path;
+    }
 }
 
 TEST(SharedKeyTest, ScreenSaverAndProtectionTimeShareADefault) {

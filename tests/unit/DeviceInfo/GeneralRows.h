@@ -1,7 +1,10 @@
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
+
+namespace klx::test {
 
 /** What serves a menu setting, as the platform knows it. */
 enum class Backing {
@@ -19,6 +22,10 @@ struct GeneralRow {
     int number;      ///< Of the runtime information and system setting; 0 where a key serves.
     bool flag;
 };
+
+inline std::ostream& operator<<(std::ostream& out, const GeneralRow& row) {
+    return out << row.path;
+}
 
 /** The menu settings that are kept in the settings store or the system settings, one by one. */
 inline const std::vector<GeneralRow>& expectedGeneralRows() {
@@ -99,3 +106,5 @@ inline const std::vector<GeneralRow>& expectedGeneralRows() {
     // clang-format on
     return rows;
 }
+
+} // namespace klx::test

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DeviceProperty.h"
 #include "LogMatchers.h"
 #include "ManagerSeam.h"
 #include "Records.h"
@@ -10,6 +11,8 @@
 #include <string>
 
 namespace fake = klx::fake;
+
+namespace klx::test {
 
 /** A line of the manager's own. */
 inline fake::LineMatcher managerLine(int priority, const std::string& function,
@@ -50,9 +53,17 @@ inline fake::LineMatcher keyLine(const std::string& key, const std::string& valu
     return managerLine(4, "propertySet", "mapKeyID=[" + key + "] value=[" + value + "]");
 }
 
+/** Makes the registry's instance, which asks the platform once a process, out of a test's sight. */
+inline void makeRegistry() {
+    CDeviceProperty::GetInstance();
+    fake::clearHistory();
+}
+
 /** Tests of the manager's operations over records of their own. */
 class ManagerTest : public ::testing::Test {
 protected:
+    ManagerTest() { makeRegistry(); }
+
     using Request = std::map<std::string, std::list<std::string>>;
 
     void use(PropertyAccessorMap records) { seam.emplace(std::move(records)); }
@@ -78,3 +89,5 @@ protected:
     fake::Scene scene;
     std::optional<DeviceInfoManagerSeam> seam{std::in_place};
 };
+
+} // namespace klx::test

@@ -6,6 +6,7 @@
 #include <functional>
 #include <thread>
 
+using namespace klx::test;
 using ::testing::Contains;
 using ::testing::Each;
 using ::testing::ElementsAre;
@@ -84,7 +85,7 @@ TEST_F(ManagerThreadsTest, FirstCallsAtOnceCreateOneInstance) {
 
 TEST_F(ManagerThreadsTest, CallDuringTheCreationWaitsForIt) {
     std::thread second;
-    scene.onCall("__dlog_print", [this, &second] {
+    scene.onCall("__dlog_print", [&second] {
         if (fake::logs().back().message == "initializing deviceMap") {
             second = std::thread(read);
             EXPECT_TRUE(
@@ -115,7 +116,7 @@ TEST_F(ManagerThreadsTest, QueriesAtOnceGetTheirOwnDocuments) {
 TEST_F(ManagerThreadsTest, FailedCreationLetsAWaitingCallTry) {
     std::thread second;
     std::atomic<bool> first{true};
-    scene.onCall("__dlog_print", [this, &second, &first] {
+    scene.onCall("__dlog_print", [&second, &first] {
         if (fake::logs().back().message == "initializing deviceMap" && first.exchange(false)) {
             second = std::thread(read);
             EXPECT_TRUE(

@@ -1,5 +1,6 @@
 #include "ManagerTest.h"
 
+using namespace klx::test;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+namespace klx::test {
 namespace {
 
 thread_local int pending = 0;
@@ -17,6 +18,10 @@ MutexFault::MutexFault(int error) {
 MutexFault::~MutexFault() {
     pending = 0;
 }
+
+} // namespace klx::test
+
+using namespace klx::test;
 
 // The linker's names for a wrapped function and the one behind it.
 extern "C" {

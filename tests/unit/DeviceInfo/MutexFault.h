@@ -1,5 +1,7 @@
 #pragma once
 
+namespace klx::test {
+
 /** The next lock of a mutex by an object of this executable on this thread fails with `error`. */
 class MutexFault {
 public:
@@ -8,3 +10,5 @@ public:
     MutexFault(const MutexFault&) = delete;
     MutexFault& operator=(const MutexFault&) = delete;
 };
+
+} // namespace klx::test

@@ -7,6 +7,7 @@
 #include <climits>
 
 namespace fake = klx::fake;
+using namespace klx::test;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 

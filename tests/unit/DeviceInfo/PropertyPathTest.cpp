@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace klx::test;
+
 namespace {
 
 struct Split {
@@ -10,6 +12,10 @@ struct Split {
     const char* name;
     std::size_t length;
 };
+
+std::ostream& operator<<(std::ostream& out, const Split& split) {
+    return out << ::testing::PrintToString(std::string(split.remaining));
+}
 
 class PropertyPathTest : public ::testing::TestWithParam<Split> {};
 

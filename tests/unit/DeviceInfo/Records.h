@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+namespace klx::test {
+
 /** A getter that answers the same text whatever it is called with. */
 inline PropertyGetter answering(std::string text) {
     return [text = std::move(text)](const std::string&) {
@@ -51,3 +53,5 @@ inline PropertyAccessor recordWithDefault(std::string fixedDefault, PropertyGett
 inline PropertyAccessor recordSetBy(PropertySetter setter) {
     return {nullptr, nullptr, boost::none, std::move(setter), true};
 }
+
+} // namespace klx::test

@@ -1,14 +1,13 @@
-#include "DeviceProperty.h"
-#include "LogMatchers.h"
+#include "ManagerTest.h"
 #include "PropertyBinding.h"
-#include "Records.h"
 
 #include <boost/optional/optional_io.hpp>
 #include <gmock/gmock.h>
 
+#include <set>
 #include <type_traits>
 
-namespace fake = klx::fake;
+using namespace klx::test;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -38,8 +37,16 @@ const std::string somePath = "/Broadcasting/Service Provider";
 
 class RegistryTest : public ::testing::Test {
 protected:
+    RegistryTest() { makeRegistry(); }
+
     static void fill(PropertyAccessorMap& properties) {
         CDeviceProperty::GetInstance()->createPropertyAccessor(properties);
+    }
+
+    static bool isReadOnly(const PropertyAccessor& accessor) {
+        const auto* const function =
+            std::get<setterElement>(accessor).target<void (*)(const std::string&)>();
+        return function != nullptr && *function == &emptySetter;
     }
 
     static PropertyAccessor bound(const PropertyBinding& binding) {
@@ -75,6 +82,55 @@ TEST_F(RegistryTest, EveryRecordCanBeCalled) {
         EXPECT_TRUE(std::get<valueGetterElement>(accessor)) << path;
         EXPECT_TRUE(std::get<setterElement>(accessor)) << path;
     }
+}
+
+TEST_F(RegistryTest, HoldsAHundredAndTwentyTwoRecords) {
+    PropertyAccessorMap properties;
+    fill(properties);
+    EXPECT_EQ(properties.size(), 122u);
+}
+
+TEST_F(RegistryTest, FlagIsSetForWhatCanBeWrittenButFiveRecords) {
+    const std::set<std::string> cleared = {
+        "/Sound/Sound Output", "/General/External Device Manager/Cordix+(HDMI-CEC)",
+        "/Factory/Language", "/Support/SoftwareUpdate_AutoUpdate", "/Factory/TCON_PMIC_ErrorCount"};
+    PropertyAccessorMap properties;
+    fill(properties);
+    for (const auto& [path, accessor] : properties) {
+        const bool expected = !isReadOnly(accessor) && cleared.count(path) == 0;
+        EXPECT_EQ(std::get<flagElement>(accessor), expected) << path;
+    }
+    for (const std::string& path : cleared) {
+        EXPECT_FALSE(isReadOnly(properties.at(path))) << path;
+    }
+}
+
+TEST_F(RegistryTest, EverySourceHasAReadOnlyStatus) {
+    PropertyAccessorMap properties;
+    fill(properties);
+    for (const char* source : {"HDMI", "AV", "COMP", "SCART", "USB"}) {
+        const PropertyAccessor& accessor =
+            properties.at(std::string("/Input/Source_Connect/") + source);
+        EXPECT_EQ(std::get<fixedDefaultElement>(accessor), std::string("0")) << source;
+        EXPECT_TRUE(isReadOnly(accessor)) << source;
+        EXPECT_FALSE(std::get<flagElement>(accessor)) << source;
+    }
+}
+
+TEST_F(RegistryTest, StatusOfASourceIsThatOfTheNamedPort) {
+    PropertyAccessorMap properties;
+    fill(properties);
+    scene.store("memory/sysman/scart2", 1);
+    EXPECT_EQ(std::get<valueGetterElement>(properties.at("/Input/Source_Connect/SCART"))("SCART2"),
+              "1");
+    EXPECT_THAT(fake::calls(), ElementsAre("vconf_get_int(\"memory/sysman/scart2\")"));
+}
+
+TEST_F(RegistryTest, SettingAReadOnlyPropertyDoesNothing) {
+    PropertyAccessorMap properties;
+    fill(properties);
+    std::get<setterElement>(properties.at("/SetInformation/DUID"))("another");
+    EXPECT_THAT(fake::history(), IsEmpty());
 }
 
 TEST_F(RegistryTest, UnknownPathHasNoRecord) {

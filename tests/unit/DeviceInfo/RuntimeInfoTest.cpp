@@ -94,6 +94,10 @@ struct Fraction {
     const char* text;
 };
 
+std::ostream& operator<<(std::ostream& out, const Fraction& fraction) {
+    return out << fraction.number;
+}
+
 class RuntimeDoubleTest : public RuntimeInfoTest, public ::testing::WithParamInterface<Fraction> {};
 
 TEST_P(RuntimeDoubleTest, LosesItsFraction) {

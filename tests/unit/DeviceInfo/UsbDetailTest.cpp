@@ -20,6 +20,9 @@ const std::string ended = "usb_device_fini()";
 
 class UsbDetailTest : public ::testing::Test {
 protected:
+    // What the construction asks is not looked at here.
+    UsbDetailTest() { fake::clearHistory(); }
+
     /** Devices named "Stick 1" of "Maker 1" and so on. */
     void plugIn(int count) {
         std::vector<fake::UsbDevice> devices;

@@ -39,6 +39,10 @@ struct Number {
     const char* number;
 };
 
+std::ostream& operator<<(std::ostream& out, const Number& number) {
+    return out << ::testing::PrintToString(std::string(number.text));
+}
+
 class VconfNumberTest : public VconfWriteTest, public ::testing::WithParamInterface<Number> {};
 
 TEST_P(VconfNumberTest, IsWrittenAsAnInteger) {

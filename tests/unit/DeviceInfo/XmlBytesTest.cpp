@@ -2,6 +2,7 @@
 #include "ManagerTest.h"
 #include "XmlText.h"
 
+using namespace klx::test;
 using ::testing::ElementsAre;
 
 namespace {
@@ -12,6 +13,10 @@ struct Bytes {
     std::string given;
     std::string written;
 };
+
+std::ostream& operator<<(std::ostream& out, const Bytes& bytes) {
+    return out << ::testing::PrintToString(bytes.given);
+}
 
 class DocumentTextTest : public ::testing::TestWithParam<Bytes> {};
 

@@ -1,6 +1,7 @@
 #include "ManagerTest.h"
 #include "XmlText.h"
 
+using namespace klx::test;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 

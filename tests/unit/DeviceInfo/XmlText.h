@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace klx::test {
+
 /** The attribute as the parser reads it back; "(none)" when there is none. */
 inline std::string attributeOf(xmlNodePtr node, const char* name) {
     xmlChar* const value = xmlGetProp(node, reinterpret_cast<const xmlChar*>(name));
@@ -58,3 +60,5 @@ inline std::string insideDevice(const std::string& document) {
     }
     return document.substr(begin + open.size(), end - begin - open.size());
 }
+
+} // namespace klx::test

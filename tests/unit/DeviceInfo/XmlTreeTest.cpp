@@ -1,6 +1,8 @@
 #include "ManagerTest.h"
 #include "XmlText.h"
 
+using namespace klx::test;
+
 namespace {
 
 /** How paths become elements. */

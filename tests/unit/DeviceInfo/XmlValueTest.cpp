@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+using namespace klx::test;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;

@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 namespace fake = klx::fake;
+using namespace klx::test;
 using fake::LineIn;
 using ::testing::ElementsAre;
 

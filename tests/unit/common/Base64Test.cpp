@@ -50,6 +50,10 @@ struct Pair {
     const char* encoded;
 };
 
+std::ostream& operator<<(std::ostream& out, const Pair& pair) {
+    return out << pair.plain;
+}
+
 class Base64PairTest : public Base64Test, public ::testing::WithParamInterface<Pair> {};
 
 TEST_P(Base64PairTest, Encodes) {

@@ -9,6 +9,7 @@
 
 namespace fake = klx::fake;
 namespace filesystem = boost::filesystem;
+using namespace klx::test;
 using fake::LineIn;
 using ::testing::ElementsAre;
 using ::testing::Values;

@@ -9,6 +9,7 @@
 #include <string>
 
 namespace fake = klx::fake;
+using namespace klx::test;
 using fake::LineIn;
 using KLX::Exception;
 using ::testing::ElementsAre;

@@ -16,6 +16,10 @@ struct Extraction {
     const char* numbers;
 };
 
+std::ostream& operator<<(std::ostream& out, const Extraction& extraction) {
+    return out << extraction.text;
+}
+
 class ExtractNumbersTest : public ::testing::TestWithParam<Extraction> {
 protected:
     klx::fake::Scene scene;

@@ -7,6 +7,7 @@
 #include <new>
 #include <openssl/bio.h>
 
+namespace klx::test {
 namespace {
 
 constexpr std::size_t functions = 7;
@@ -42,6 +43,10 @@ FailingCall::FailingCall(Failing function, int nth) : m_function(function) {
 FailingCall::~FailingCall() {
     remainingCalls(m_function) = 0;
 }
+
+} // namespace klx::test
+
+using namespace klx::test;
 
 // The linker's names for a wrapped function and the one behind it.
 extern "C" {

@@ -8,6 +8,8 @@
 
 #include <vector>
 
+namespace klx::test {
+
 /** The functions whose calls can be failed. */
 enum class Failing { malloc, calloc, strdup, operatorNew, bioNew, bioWrite, bioFlush };
 
@@ -34,3 +36,5 @@ public:
 
     std::vector<int> sizes; ///< Of the writes, in order.
 };
+
+} // namespace klx::test

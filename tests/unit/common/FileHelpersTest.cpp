@@ -8,6 +8,7 @@
 #include <string>
 
 namespace fake = klx::fake;
+using namespace klx::test;
 using fake::LineIn;
 using ::testing::ElementsAre;
 

@@ -3,6 +3,8 @@
 #include <locale>
 #include <string>
 
+namespace klx::test {
+
 /** For as long as it lives, the process's C++ locale writes 1234567 as 1,234,567. */
 class GroupingLocale {
 public:
@@ -19,3 +21,5 @@ private:
 
     std::locale m_before;
 };
+
+} // namespace klx::test

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <unistd.h>
 
+namespace klx::test {
 namespace {
 
 ShellSeam* seam = nullptr;
@@ -21,6 +22,10 @@ ShellSeam::ShellSeam() {
 ShellSeam::~ShellSeam() {
     seam = nullptr;
 }
+
+} // namespace klx::test
+
+using namespace klx::test;
 
 // The linker's names for a wrapped function and the one behind it.
 extern "C" {

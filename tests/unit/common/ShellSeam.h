@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace klx::test {
+
 /**
  * Stands between the log-buffer switches and the machine for as long as it lives: no command is
  * run, no file is looked at. One at a time.
@@ -28,3 +30,5 @@ public:
     /** What was asked, in order: `access("/etc/debug", 0)`, `status("...")`, `system("...")`. */
     std::vector<std::string> asked;
 };
+
+} // namespace klx::test

@@ -7,6 +7,8 @@
 #include <stdlib.h>
 #include <string>
 
+namespace klx::test {
+
 /** A new folder that is removed at the end with all that is in it. */
 class TempFolder {
 public:
@@ -43,3 +45,5 @@ inline std::string contentOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
+
+} // namespace klx::test

@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace klx::test {
+
 /** The text of the KLX::Exception that the work throws; "(nothing thrown)" when it throws none. */
 template <class Work>
 std::string thrownBy(Work work) {
@@ -14,3 +16,5 @@ std::string thrownBy(Work work) {
     }
     return "(nothing thrown)";
 }
+
+} // namespace klx::test

@@ -1,14 +1,17 @@
 #include "XmlErrors.h"
 #include "LogMatchers.h"
+#include "XmlMemory.h"
 #include "XmlTree.h"
 
 #include <gmock/gmock.h>
 #include <libxml/globals.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
 namespace fake = klx::fake;
+using namespace klx::test;
 using fake::LineIn;
 using KLX::XmlErrorScope;
 using ::testing::ElementsAre;
@@ -77,6 +80,17 @@ TEST_F(XmlErrorsTest, LoggingScopeTakesOverFromTheCallersHandler) {
     EXPECT_EQ(complain(), "");
     EXPECT_THAT(kept, IsEmpty());
     EXPECT_THAT(fake::logs(), SizeIs(1));
+}
+
+TEST_F(XmlErrorsTest, LackOfMemoryIsRememberedByALoggingScope) {
+    const auto errors = XmlErrorScope::toLog();
+    complain();
+    EXPECT_NO_THROW(errors.requireMemory());
+    {
+        const FailingXmlMemory memory(1);
+        EXPECT_EQ(xmlStrdup(reinterpret_cast<const xmlChar*>("text")), nullptr);
+    }
+    EXPECT_THROW(errors.requireMemory(), std::bad_alloc);
 }
 
 TEST_F(XmlErrorsTest, CallersHandlerIsBackAfterwards) {

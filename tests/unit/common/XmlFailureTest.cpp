@@ -8,6 +8,7 @@
 
 #include <string>
 
+using namespace klx::test;
 using ::testing::IsEmpty;
 
 namespace {

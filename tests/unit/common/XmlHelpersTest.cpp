@@ -10,6 +10,7 @@
 #include <vector>
 
 namespace fake = klx::fake;
+using namespace klx::test;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;

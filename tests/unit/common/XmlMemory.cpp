@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
+namespace klx::test {
 namespace {
 
 thread_local int remaining = 0;
@@ -36,3 +37,5 @@ FailingXmlMemory::~FailingXmlMemory() {
     xmlMemSetup(&std::free, &std::malloc, &std::realloc, &strdup);
     remaining = 0;
 }
+
+} // namespace klx::test

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace klx::test {
+
 /** For as long as it lives, one of libxml2's allocations on this thread finds no memory. */
 class FailingXmlMemory {
 public:
@@ -9,3 +11,5 @@ public:
     FailingXmlMemory(const FailingXmlMemory&) = delete;
     FailingXmlMemory& operator=(const FailingXmlMemory&) = delete;
 };
+
+} // namespace klx::test

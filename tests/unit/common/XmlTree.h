@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+namespace klx::test {
+
 /** A document of a test, freed with its tree. */
 using XmlTree = std::unique_ptr<xmlDoc, void (*)(xmlDocPtr)>;
 
@@ -20,3 +22,5 @@ inline xmlNodePtr rootOf(const XmlTree& tree) {
 inline std::string nameOf(xmlNodePtr node) {
     return reinterpret_cast<const char*>(node->name);
 }
+
+} // namespace klx::test
