@@ -18,16 +18,26 @@ namespace {
 
 constexpr int failedCheck = 100;
 
+/** How many checks of the running test have failed; a fork takes the number along. */
+int failedChecks() {
+    const auto* const result = ::testing::UnitTest::GetInstance()->current_test_info()->result();
+    int failed = 0;
+    for (int i = 0; i < result->total_part_count(); ++i) {
+        failed += result->GetTestPartResult(i).failed() ? 1 : 0;
+    }
+    return failed;
+}
+
 [[noreturn]] void runAndExit(const std::function<int()>& body) {
+    const int failedBefore = failedChecks();
     int status = failedCheck;
     try {
         status = body();
     } catch (const std::exception& exception) {
         std::cerr << "exception in a child: " << exception.what() << std::endl;
     }
-    const bool failed = ::testing::Test::HasFailure();
     std::cout.flush();
-    ::_exit(failed ? failedCheck : status);
+    ::_exit(failedChecks() > failedBefore ? failedCheck : status);
 }
 
 } // namespace
