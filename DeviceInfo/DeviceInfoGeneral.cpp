@@ -154,12 +154,13 @@ unsigned long totalOf(const CPU_INFO& info) {
 
 int busyPercentage(const CPU_INFO& first, const CPU_INFO& second) {
     // Counters may wrap around, and the kernel's iowait may go back between two samples.
-    const auto total = static_cast<long>(totalOf(second) - totalOf(first));
-    const auto idle = static_cast<long>(second.idle - first.idle);
+    const unsigned long total = totalOf(second) - totalOf(first);
+    const auto busy = static_cast<long>(total - (second.idle - first.idle));
     if (total == 0) {
         return 0;
     }
-    return truncated(static_cast<float>(total - idle) / static_cast<float>(total) * 100.0f);
+    return truncated(static_cast<float>(busy) / static_cast<float>(static_cast<long>(total)) *
+                     100.0f);
 }
 
 } // namespace
