@@ -1,0 +1,15 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+/// A property's path as the library takes it: "/" + category + "/" + rest.
+struct PathParts {
+    std::string category;
+    std::string rest; ///< may contain further slashes
+};
+
+/// Divides "/Picture/Expert Settings/Gamma" into "Picture" and "Expert Settings/Gamma". A doubled
+/// slash belongs to a name and divides nothing.
+/// @return nothing when the text has no leading slash or no second part
+std::optional<PathParts> partsOf(const std::string& path);

@@ -1,0 +1,87 @@
+#include "Commands.h"
+#include "Messages.h"
+#include "Streams.h"
+
+#include <CLI/CLI.hpp>
+
+#include <exception>
+
+namespace {
+
+const char* const details =
+    "\"klxctl COMMAND --help\" tells more about a command.\n\n"
+    "Exit status: 0 done, 1 the operation failed, 2 wrong arguments or unknown path, 3 the set "
+    "does\n"
+    "not hold the value that was written. Lines of the platform's log go to standard error; "
+    "KLX_LOG\n"
+    "(debug, info, warning, error, off) sets which. The manual page klxctl(1) has the rest.";
+
+void declare(CLI::App& app, Command& chosen) {
+    app.set_help_flag("-h,--help", "Print this help and exit");
+    app.set_version_flag("--version", "klxctl " KLXCTL_VERSION, "Print the version and exit");
+    app.footer(details);
+    app.require_subcommand(0, 1);
+    addGetCommand(app, chosen);
+    addSetCommand(app, chosen);
+    addDumpCommand(app, chosen);
+}
+
+std::string commandLine(const CLI::App& app) {
+    const auto commands = app.get_subcommands();
+    return commands.empty() ? "klxctl" : "klxctl " + commands.front()->get_name();
+}
+
+[[noreturn]] void failUsage(const CLI::App& app, const std::string& message) {
+    throw Failure(ExitStatus::WrongUsage,
+                  message + "\nSee \"" + commandLine(app) + " --help\" for what can be written.");
+}
+
+/// A value such as "-x" is taken for an option and then missing.
+std::string explained(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<std::string> surplus = app.remaining(true);
+    const bool isMissing = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr;
+    if (!isMissing || surplus.empty()) {
+        return error.what();
+    }
+    return std::string(error.what()) + "; " + quoted(surplus.front()) +
+           " is no option here: if it is meant as a value, write \"--\" before it";
+}
+
+ExitStatus run(int argc, char** argv) {
+    CLI::App app("Read and change a television's settings and device information", "klxctl");
+    Command chosen;
+    declare(app, chosen);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        writeOutput(app.help());
+        return ExitStatus::Done;
+    } catch (const CLI::CallForVersion& version) {
+        writeOutput(std::string(version.what()) + "\n");
+        return ExitStatus::Done;
+    } catch (const CLI::ParseError& error) {
+        failUsage(app, explained(app, error));
+    }
+    if (!chosen) {
+        failUsage(app, "no command is given; write get, set or dump");
+    }
+    return chosen();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    ExitStatus status = ExitStatus::Failed;
+    try {
+        reserveStandardStreams();
+        status = run(argc, argv);
+        closeOutput();
+    } catch (const Failure& failure) {
+        report(failure.what());
+        status = failure.status();
+    } catch (const std::exception& error) {
+        report(error.what());
+        status = ExitStatus::Failed;
+    }
+    return static_cast<int>(status);
+}
