@@ -1,0 +1,49 @@
+// Loaded before the C library, plays a disk on which bringing data to it fails, never returns, or
+// takes so long that the terminal is gone meanwhile. KLXCTL_TEST_FSYNC holds "fail in FOLDER",
+// "hang in FOLDER" or "hang up in FOLDER"; files elsewhere are as ever.
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+bool isIn(const std::string& folder, int descriptor) {
+    std::array<char, PATH_MAX> path = {};
+    const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
+    const ssize_t length = readlink(link.c_str(), path.data(), path.size() - 1);
+    return length > 0 && std::string(path.data()).compare(0, folder.size(), folder) == 0;
+}
+
+int actAs(const std::string& behaviour, int descriptor) {
+    if (behaviour == "fail") {
+        errno = EIO;
+        return -1;
+    }
+    if (behaviour == "hang up") {
+        raise(SIGHUP);
+        return static_cast<int>(syscall(SYS_fsync, descriptor));
+    }
+    for (;;) {
+        pause();
+    }
+}
+
+} // namespace
+
+extern "C" __attribute__((visibility("default"))) int fsync(int descriptor) {
+    const char* const text = std::getenv("KLXCTL_TEST_FSYNC");
+    const std::string setting = text != nullptr ? text : "";
+    const std::string separator = " in ";
+    const std::size_t at = setting.find(separator);
+    if (at == std::string::npos || !isIn(setting.substr(at + separator.size()), descriptor)) {
+        return static_cast<int>(syscall(SYS_fsync, descriptor));
+    }
+    return actAs(setting.substr(0, at), descriptor);
+}

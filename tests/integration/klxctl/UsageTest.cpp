@@ -1,0 +1,95 @@
+#include "KlxctlTest.h"
+
+#include <gmock/gmock.h>
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+void expectHelp(const Outcome& outcome, const std::vector<std::string>& parts) {
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.messages, "");
+    for (const std::string& part : parts) {
+        EXPECT_THAT(outcome.output, HasSubstr(part));
+    }
+}
+
+void expectUsageError(const Outcome& outcome, const std::string& part) {
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_THAT(outcome.messages, StartsWith("klxctl: "));
+    EXPECT_THAT(outcome.messages, HasSubstr(part));
+    EXPECT_THAT(outcome.messages, EndsWith("\n"));
+}
+
+} // namespace
+
+TEST_F(KlxctlTest, HelpNamesEveryCommandAndEveryExitStatus) {
+    expectHelp(run({"--help"}), {"Usage: klxctl", "get ", "set ", "dump ", "0 done",
+                                 "1 the operation", "2 wrong arguments", "3 the set", "KLX_LOG"});
+    EXPECT_EQ(run({"-h"}).output, run({"--help"}).output);
+}
+
+TEST_F(KlxctlTest, HelpOfACommandTellsItsArguments) {
+    expectHelp(run({"get", "--help"}), {"Usage: klxctl get", "PATH", "/Picture/Backlight"});
+    expectHelp(run({"set", "--help"}), {"Usage: klxctl set", "PATH VALUE", "exit status 3"});
+    expectHelp(run({"dump", "--help"}),
+               {"Usage: klxctl dump", "CATEGORY[/PATH]", "--format", "-o,--output FILE", "\"*\"",
+                "General & Privacy", "Connection"});
+}
+
+TEST_F(KlxctlTest, VersionIsTheProjects) {
+    EXPECT_EQ(run({"--version"}).output, "klxctl " KLX_VERSION "\n");
+}
+
+TEST_F(KlxctlTest, HelpNeedsNoPlatform) {
+    EXPECT_EQ(tool().environment("KLX_PROFILE", "/no/such/profile").run({"--help"}).status, 0);
+}
+
+TEST_F(KlxctlTest, NoCommandIsAnErrorThatNamesTheCommands) {
+    expectUsageError(run({}), "no command is given; write get, set or dump");
+}
+
+TEST_F(KlxctlTest, AnUnknownCommandIsTold) {
+    expectUsageError(run({"got", number}), "got");
+}
+
+TEST_F(KlxctlTest, AnUnknownOptionIsTold) {
+    expectUsageError(run({"dump", "--colour"}), "--colour");
+}
+
+TEST_F(KlxctlTest, MissingArgumentsAreNamed) {
+    expectUsageError(run({"get"}), "PATH is required");
+    expectUsageError(run({"set"}), "PATH is required");
+    expectUsageError(run({"set", number}), "VALUE is required");
+    expectUsageError(run({"set", number}), "klxctl set --help");
+}
+
+TEST_F(KlxctlTest, AValueThatLooksLikeAnOptionIsExplained) {
+    expectUsageError(run({"set", text, "-x"}), "write \"--\" before it");
+}
+
+TEST_F(KlxctlTest, SurplusArgumentsAreTold) {
+    expectUsageError(run({"set", number, "1", "surplus"}), "surplus");
+    EXPECT_EQ(run({"set", number, "1", "surplus"}).status, 2);
+}
+
+TEST_F(KlxctlTest, AnUnknownFormatIsAnErrorThatNamesTheFormats) {
+    expectUsageError(run({"dump", "--format", "yaml"}),
+                     "there is no format \"yaml\"; write json or xml");
+}
+
+TEST_F(KlxctlTest, AnEmptyFileNameIsAnError) {
+    expectUsageError(run({"dump", "-o", ""}), "the file name is empty");
+}
+
+TEST_F(KlxctlTest, TheManualTellsEveryCommandOptionAndStatus) {
+    const std::string manual = contentOf(KLXCTL_MANUAL);
+    for (const char* part : {".SS get", ".SS set", ".SS dump", "\\-\\-format", "\\-\\-output",
+                             "\\-\\-help", "\\-\\-version", ".B 0", ".B 1", ".B 2", ".B 3",
+                             "SIGPIPE", "KLX_STATE_DIR", "KLX_PROFILE", "KLX_LOG"}) {
+        EXPECT_THAT(manual, HasSubstr(part));
+    }
+}
