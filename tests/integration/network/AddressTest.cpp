@@ -11,6 +11,10 @@ struct Prefix {
     const char* mask;
 };
 
+std::ostream& operator<<(std::ostream& stream, const Prefix& prefix) {
+    return stream << prefix.mask;
+}
+
 class SubnetMask : public NetworkTest, public testing::WithParamInterface<Prefix> {};
 
 TEST_P(SubnetMask, IsThePrefixInDottedForm) {

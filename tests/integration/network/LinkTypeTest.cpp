@@ -14,6 +14,10 @@ struct VirtualLink {
     const char* arguments;
 };
 
+std::ostream& operator<<(std::ostream& stream, const VirtualLink& link) {
+    return stream << link.arguments;
+}
+
 std::string kindOf(const testing::TestParamInfo<VirtualLink>& info) {
     return info.param.kind;
 }

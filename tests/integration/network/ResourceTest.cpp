@@ -1,5 +1,7 @@
 #include "NetworkTest.h"
 
+#include "DeviceInfoManager.h"
+
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -48,25 +50,49 @@ void query() {
     connection.registered();
 }
 
-using Resources = NetworkTest;
+/** The eight properties of the library that ask the network service, one after the other. */
+void queryLibrary() {
+    for (const char* const property :
+         {"DNS", "DeviceName", "Gateway", "IP", "IPMode", "MAC", "SubnetMask", "Type"}) {
+        std::string value;
+        EXPECT_TRUE(CDeviceInfoManager::GetDevicePropertyValue("Network", property, value));
+        EXPECT_NE(value, "") << property;
+    }
+}
+
+class Resources : public NetworkTest {
+protected:
+    /** Asks often; descriptors and memory are afterwards where they were. */
+    static void expectNothingLeftBy(void (*ask)(), int turns) {
+        constexpr int warmUp = 200;
+        constexpr long slack = 128L * 1024;
+        for (int i = 0; i < warmUp; ++i) {
+            ask();
+        }
+        const std::ptrdiff_t descriptors = openDescriptors();
+        const long resident = residentBytes();
+        for (int i = 0; i < turns && !HasFailure(); ++i) {
+            ask();
+        }
+        EXPECT_EQ(openDescriptors(), descriptors);
+        if (sizeIsMeaningful) {
+            EXPECT_LE(residentBytes(), resident + slack);
+        }
+    }
+};
 
 TEST_F(Resources, AreWhereTheyWereAfterTenThousandQueries) {
-    constexpr int warmUp = 200;
-    constexpr int queries = 10000;
-    constexpr long slack = 128L * 1024;
     addWayOut("eth0");
-    for (int i = 0; i < warmUp; ++i) {
-        query();
-    }
-    const std::ptrdiff_t descriptors = openDescriptors();
-    const long resident = residentBytes();
-    for (int i = 0; i < queries && !HasFailure(); ++i) {
-        query();
-    }
-    EXPECT_EQ(openDescriptors(), descriptors);
-    if (sizeIsMeaningful) {
-        EXPECT_LE(residentBytes(), resident + slack);
-    }
+    expectNothingLeftBy(query, 10000);
+}
+
+TEST_F(Resources, OfTheLibraryAreWhereTheyWereAfterTenThousandQueries) {
+    constexpr int queries = 10000;
+    constexpr int properties = 8;
+    addWayOut("eth0");
+    scene().cover("/etc");
+    scene().write("/etc/resolv.conf", "nameserver 192.0.2.53\n");
+    expectNothingLeftBy(queryLibrary, queries / properties);
 }
 
 TEST_F(Resources, OfOneConnectionDoNotGrowWithItsProfiles) {
