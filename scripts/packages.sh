@@ -6,7 +6,7 @@ packages_build="
     libxml2-dev libjsoncpp-dev libssl-dev libv4l-dev
     libboost-dev libboost-filesystem-dev libboost-regex-dev libboost-thread-dev
     liblmdb-dev libnl-route-3-dev libudev-dev libsystemd-dev libcli11-dev
-    libgtest-dev libgmock-dev libbenchmark-dev libumockdev-dev umockdev iproute2"
+    libgtest-dev libgmock-dev libbenchmark-dev libumockdev-dev umockdev libpulse-dev pulseaudio pulseaudio-utils iproute2"
 packages_tidy="clang clang-tidy"
 packages_checks="$packages_tidy clang-format libclang-rt-14-dev valgrind"
 
