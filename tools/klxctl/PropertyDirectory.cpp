@@ -37,12 +37,16 @@ Document parse(const std::string& text) {
     return document;
 }
 
+std::string nameOf(const xmlNode& element) {
+    const Text name(xmlGetProp(&element, xmlText("name")));
+    return name ? reinterpret_cast<const char*>(name.get()) : "";
+}
+
 /// One element's part of a path: names carry a single slash where the path has two.
 std::string segmentOf(const xmlNode& element) {
-    const Text name(xmlGetProp(&element, xmlText("name")));
     std::string segment = "/";
-    for (const char* at = reinterpret_cast<const char*>(name.get()); at && *at; ++at) {
-        segment.append(*at == '/' ? 2 : 1, *at);
+    for (const char character : nameOf(element)) {
+        segment.append(character == '/' ? 2 : 1, character);
     }
     return segment;
 }

@@ -37,13 +37,13 @@ int actAs(const std::string& behaviour, int descriptor) {
 
 } // namespace
 
-extern "C" __attribute__((visibility("default"))) int fsync(int descriptor) {
+extern "C" __attribute__((visibility("default"))) int fsync(int fd) {
     const char* const text = std::getenv("KLXCTL_TEST_FSYNC");
     const std::string setting = text != nullptr ? text : "";
     const std::string separator = " in ";
     const std::size_t at = setting.find(separator);
-    if (at == std::string::npos || !isIn(setting.substr(at + separator.size()), descriptor)) {
-        return static_cast<int>(syscall(SYS_fsync, descriptor));
+    if (at == std::string::npos || !isIn(setting.substr(at + separator.size()), fd)) {
+        return static_cast<int>(syscall(SYS_fsync, fd));
     }
-    return actAs(setting.substr(0, at), descriptor);
+    return actAs(setting.substr(0, at), fd);
 }

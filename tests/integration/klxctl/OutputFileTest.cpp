@@ -106,7 +106,7 @@ TEST_F(OutputFileTest, KeepsASymbolicLinkAndReplacesWhatItLeadsTo) {
 
 TEST_F(OutputFileTest, MayBeNamedWithoutAFolder) {
     const Outcome outcome = tool().runProgram(
-        {"sh", "-c", "cd \"$1\" && exec \"$0\" dump -o out.xml", KLXCTL_TOOL, outputFolder()});
+        {"sh", "-c", R"(cd "$1" && exec "$0" dump -o out.xml)", KLXCTL_TOOL, outputFolder()});
     EXPECT_EQ(outcome.status, 0) << outcome.messages;
     EXPECT_THAT(namesIn(outputFolder()), ElementsAre("out.xml"));
 }
@@ -125,22 +125,25 @@ TEST_F(OutputFileTest, HyphenIsStandardOutput) {
 
 // A mount point cannot be replaced, so that a tool that tries to does no harm to the device.
 TEST_F(OutputFileTest, ADeviceIsWrittenInto) {
-    const std::string mount = "touch \"$1\" && mount --bind /dev/full \"$1\"";
+    const std::string mount = R"(touch "$1" && mount --bind /dev/full "$1")";
     if (inNamespace(mount).status != 0) {
         GTEST_SKIP() << notPermitted;
     }
-    const Outcome outcome = inNamespace(mount + " && \"$0\" dump -o \"$1\"");
+    const Outcome outcome = inNamespace(mount + R"( && "$0" dump -o "$1")");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.messages,
               "klxctl: cannot write \"" + file().string() + "\": No space left on device\n");
 }
 
 TEST_F(OutputFileTest, APipeIsWrittenInto) {
-    const Outcome outcome = tool().runProgram(
-        {"sh", "-c",
-         "mkfifo \"$1\" && { timeout 20 cat \"$1\" & \"$0\" dump -o \"$1\"; status=$?; wait; "
-         "test -p \"$1\" && exit $status; }",
-         KLXCTL_TOOL, outputFolder() / "pipe"});
+    const std::string script = R"(mkfifo "$1" || exit
+        timeout 20 cat "$1" &
+        "$0" dump -o "$1"
+        status=$?
+        wait
+        test -p "$1" && exit $status)";
+    const Outcome outcome =
+        tool().runProgram({"sh", "-c", script, KLXCTL_TOOL, outputFolder() / "pipe"});
     EXPECT_EQ(outcome.status, 0) << outcome.messages;
     EXPECT_EQ(outcome.output, run({"dump"}).output);
 }
@@ -174,13 +177,15 @@ TEST_F(OutputFileTest, AnUnwritableFolderIsTold) {
 }
 
 TEST_F(OutputFileTest, AFullDiskLeavesTheOldFileAndNothingElse) {
-    const std::string mount = "cd \"${1%/*}\" && mount -t tmpfs -o size=4k none . && cd \"$PWD\"";
+    const std::string mount = R"(cd "${1%/*}" && mount -t tmpfs -o size=4k none . && cd "$PWD")";
     if (inNamespace(mount).status != 0) {
         GTEST_SKIP() << notPermitted;
     }
-    const Outcome outcome =
-        inNamespace(mount + " && printf old > out.xml && { \"$0\" dump -o out.xml; "
-                            "echo $?; ls -A; cat out.xml; }");
+    const Outcome outcome = inNamespace(mount + R"( && printf old > out.xml || exit
+        "$0" dump -o out.xml
+        echo $?
+        ls -A
+        cat out.xml)");
     EXPECT_EQ(outcome.output, "1\nout.xml\nold");
     EXPECT_EQ(outcome.messages, "klxctl: cannot write \"out.xml\": No space left on device\n");
 }
@@ -225,7 +230,7 @@ TEST_F(OutputFileTest, InterruptedAtAnyMomentIsOldOrNewAndNothingElseIsLeft) {
 
 TEST_F(OutputFileTest, AnIgnoredSignalStaysIgnored) {
     const Outcome outcome = toolOverDisk("hang up in " + outputFolder().string())
-                                .runProgram({"sh", "-c", "trap '' HUP; exec \"$0\" dump -o \"$1\"",
+                                .runProgram({"sh", "-c", R"(trap '' HUP; exec "$0" dump -o "$1")",
                                              KLXCTL_TOOL, file()});
     EXPECT_EQ(outcome.status, 0) << outcome.messages;
     EXPECT_EQ(contentOf(file()), run({"dump"}).output);

@@ -1,10 +1,6 @@
 #include "KlxctlTest.h"
 
-#include <gmock/gmock.h>
-
 #include <csignal>
-
-using testing::HasSubstr;
 
 namespace {
 
@@ -60,12 +56,12 @@ TEST_F(KlxctlTest, AReaderThatWentAwayEndsTheToolQuietly) {
 
 TEST_F(KlxctlTest, AReaderThatWentAwayIsAFailureWhereTheSignalIsIgnored) {
     const Outcome outcome = tool().outputUnread().runProgram(
-        {"sh", "-c", "trap '' PIPE; exec \"$0\" dump", KLXCTL_TOOL});
+        {"sh", "-c", R"(trap '' PIPE; exec "$0" dump)", KLXCTL_TOOL});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.messages, "klxctl: cannot write to standard output: Broken pipe\n");
 }
 
 TEST_F(KlxctlTest, OutputGoesIntoAPipeWhole) {
-    const Outcome outcome = tool().runProgram({"sh", "-c", "\"$0\" dump | cat", KLXCTL_TOOL});
+    const Outcome outcome = tool().runProgram({"sh", "-c", R"("$0" dump | cat)", KLXCTL_TOOL});
     EXPECT_EQ(outcome.output, run({"dump"}).output);
 }

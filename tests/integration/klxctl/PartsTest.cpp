@@ -22,33 +22,34 @@ std::string documentOf(const std::string& content) {
 } // namespace
 
 TEST(PropertyDirectory, FindsPropertiesOnEveryLevel) {
-    const auto directory = PropertyDirectory::fromDocument(
-        documentOf("<menu name=\"A\"><property name=\"b\" default=\"\" value=\"\"/>"
-                   "<property name=\"c\"><property name=\"d\" default=\"\" value=\"1\"/></property>"
-                   "</menu>"));
+    const auto directory = PropertyDirectory::fromDocument(documentOf(R"(
+        <menu name="A">
+          <property name="b" default="" value=""/>
+          <property name="c"><property name="d" default="" value="1"/></property>
+        </menu>)"));
     EXPECT_THAT(directory.paths(), ElementsAre("/A/b", "/A/c/d"));
     EXPECT_TRUE(directory.contains("/A/b"));
     EXPECT_FALSE(directory.contains("/A/c"));
 }
 
 TEST(PropertyDirectory, FindsAPropertyThatHoldsOthersToo) {
-    const auto directory = PropertyDirectory::fromDocument(
-        documentOf("<menu name=\"A\"><property name=\"b\" default=\"\" value=\"\">"
-                   "<property name=\"c\" default=\"\" value=\"\"/></property></menu>"));
+    const auto directory = PropertyDirectory::fromDocument(documentOf(R"(
+        <menu name="A">
+          <property name="b" default="" value=""><property name="c" default="" value=""/></property>
+        </menu>)"));
     EXPECT_THAT(directory.paths(), ElementsAre("/A/b", "/A/b/c"));
 }
 
 TEST(PropertyDirectory, DoublesTheSlashesOfNames) {
     const auto directory = PropertyDirectory::fromDocument(
-        documentOf("<menu name=\"A/B\"><property name=\"c/d\" default=\"\" value=\"\"/></menu>"));
+        documentOf(R"(<menu name="A/B"><property name="c/d" default="" value=""/></menu>)"));
     EXPECT_THAT(directory.paths(), ElementsAre("/A//B/c//d"));
 }
 
 TEST(PropertyDirectory, KeepsMarkupCharactersOfNames) {
-    const auto directory =
-        PropertyDirectory::fromDocument(documentOf("<menu name=\"A &amp; &quot;B&quot;\"><property "
-                                                   "name=\"c\" default=\"\" value=\"\"/></menu>"));
-    EXPECT_THAT(directory.paths(), ElementsAre("/A & \"B\"/c"));
+    const auto directory = PropertyDirectory::fromDocument(documentOf(
+        R"(<menu name="A &amp; &quot;B&quot;"><property name="c" default="" value=""/></menu>)"));
+    EXPECT_THAT(directory.paths(), ElementsAre(R"(/A & "B"/c)"));
 }
 
 TEST(PropertyDirectory, OfAnEmptyDocumentIsEmpty) {
@@ -62,7 +63,7 @@ TEST(PropertyDirectory, RefusesWhatIsNoDocument) {
 
 TEST(PropertyDirectory, KnowsTheBeginningsOfPaths) {
     const auto directory = PropertyDirectory::fromDocument(
-        documentOf("<menu name=\"Ab\"><property name=\"c\" default=\"\" value=\"\"/></menu>"));
+        documentOf(R"(<menu name="Ab"><property name="c" default="" value=""/></menu>)"));
     EXPECT_TRUE(directory.containsPrefix("/A"));
     EXPECT_TRUE(directory.containsPrefix("/Ab/c"));
     EXPECT_FALSE(directory.containsPrefix("/B"));
