@@ -6,7 +6,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
+#include <filesystem>
 #include <string>
 #include <thread>
 
@@ -22,7 +24,30 @@ int valueOf(const char* name) {
     return value;
 }
 
+/** How many descriptors of this process lead to a file. */
+long descriptorsOf(const std::string& file) {
+    const std::filesystem::directory_iterator descriptors("/proc/self/fd");
+    return std::count_if(begin(descriptors), end(descriptors), [&](const auto& entry) {
+        std::error_code ignored;
+        return std::filesystem::read_symlink(entry.path(), ignored) == file;
+    });
+}
+
 class Fork : public HostTest {};
+
+// LMDB's handles are good in the process that opened them only, even where they seem to work.
+TEST_F(Fork, GivesTheChildHandlesOfItsOwn) {
+    ASSERT_EQ(vconf_set_int(key, 1), success);
+    const std::string lockFile = dataFile() + "-lock";
+    ASSERT_EQ(descriptorsOf(lockFile), 1);
+    EXPECT_EQ(inOwnProcess([&] {
+                  EXPECT_EQ(descriptorsOf(lockFile), 1);
+                  EXPECT_EQ(valueOf(key), 1);
+                  EXPECT_EQ(descriptorsOf(lockFile), 2);
+                  return success;
+              }),
+              success);
+}
 
 TEST_F(Fork, LeavesAStoreThatWorksInParentChildAndGrandchild) {
     ASSERT_EQ(vconf_set_int(key, 1), success);
