@@ -51,6 +51,22 @@ void oneGetFloor(benchmark::State& state) {
 }
 BENCHMARK(oneGetFloor);
 
+void pictureGet(benchmark::State& state) {
+    std::string value;
+    for (auto _ : state) {
+        CDeviceInfoManager::GetDevicePropertyValue("Picture", "Backlight", value);
+        benchmark::DoNotOptimize(value);
+    }
+}
+BENCHMARK(pictureGet);
+
+void pictureGetFloor(benchmark::State& state) {
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(floors::getBacklight());
+    }
+}
+BENCHMARK(pictureGetFloor);
+
 void oneSet(benchmark::State& state) {
     const Setting& setting = anInteger();
     for (auto _ : state) {

@@ -3,6 +3,7 @@
 #include <dlog.h>
 #include <libxml/parser.h>
 #include <libxml/tree.h>
+#include <pelm.h>
 #include <vconf.h>
 
 #include <cstdlib>
@@ -88,18 +89,31 @@ std::string serialised(xmlDocPtr document) {
     return result;
 }
 
-} // namespace
-
-std::string get(const Setting& setting) {
+template <class Read>
+std::string get(const char* category, const char* path, Read readValue) {
     log(DLOG_INFO, "%s: %s(%d) > GetDevicePropValue menuItemName = [%s] PropertyName = [%s]",
-        setting.category, setting.path);
-    std::string value = read(setting);
+        category, path);
+    std::string value = readValue();
     log(DLOG_INFO,
         "%s: %s(%d) > GetDevicePropInfo menuItemName = [%s] PropertyName = [%s] propertyValue = "
         "[%s]",
-        setting.category, setting.path, value.c_str());
+        category, path, value.c_str());
     log(DLOG_INFO, "%s: %s(%d) > propertyValue = [%s]", value.c_str());
     return value;
+}
+
+} // namespace
+
+std::string get(const Setting& setting) {
+    return get(setting.category, setting.path, [&setting] { return read(setting); });
+}
+
+std::string getBacklight() {
+    return get("Picture", "Backlight", [] {
+        int value = 0;
+        pelm_get_backlight(1, &value, PELM_SAVE_STORED);
+        return std::to_string(value);
+    });
 }
 
 void set(const Setting& setting, const std::string& value) {

@@ -11,6 +11,7 @@ namespace floors {
 
 std::string get(const Setting& setting);
 void set(const Setting& setting, const std::string& value);
+std::string getBacklight();
 
 /// One element of a document, in document order.
 struct Element {
