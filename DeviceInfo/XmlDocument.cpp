@@ -1,6 +1,7 @@
 #include "XmlDocument.h"
 
 #include "DocumentText.h"
+#include "EntityGrowth.h"
 #include "Exception.h"
 #include "KLXCommonUtil.h"
 
@@ -10,6 +11,8 @@
 #include <new>
 
 namespace {
+
+using XmlParser = std::unique_ptr<xmlParserCtxt, KLX::ReleasedBy<&xmlFreeParserCtxt>>;
 
 const xmlChar* xmlText(const char* text) {
     return reinterpret_cast<const xmlChar*>(text);
@@ -32,8 +35,12 @@ XmlDocument newXmlDocument() {
 
 XmlDocument parseXmlDocument(const std::string& data) {
     const int size = data.size() > INT_MAX ? -1 : static_cast<int>(data.size());
-    XmlDocument document(xmlReadMemory(data.data(), size, "noname.xml", nullptr, 0));
-    if (!document) {
+    const XmlParser parser(required(xmlNewParserCtxt()));
+    // The process's own defaults would let the parser load files and substitute entities.
+    parser->options = 0;
+    XmlDocument document(
+        xmlCtxtReadMemory(parser.get(), data.data(), size, "noname.xml", nullptr, 0));
+    if (!document || !entitiesStayWithinMeasure(document.get())) {
         throw KLX::Exception("Failed to parse XML from string");
     }
     return document;

@@ -1,7 +1,6 @@
 #include "DocumentsTest.h"
 #include "HeapWatch.h"
 
-#include <chrono>
 #include <ostream>
 
 namespace fake = klx::fake;
@@ -61,13 +60,10 @@ protected:
     }
 };
 
-TEST_P(EntityBombTest, TakesLittleMemoryAndTime) {
+TEST_P(EntityBombTest, TakesLittleMemory) {
     const HeapWatch watch(128 * mebibyte);
-    const auto begin = std::chrono::steady_clock::now();
     restore(GetParam().document, xml);
     EXPECT_LT(watch.peak(), 64 * mebibyte);
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
-    EXPECT_LT(taken.count(), 5);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -111,6 +107,18 @@ TEST_F(EntityTest, LaughsAreRefusedBeforeAnythingIsApplied) {
     EXPECT_FALSE(
         restore(withEntities(laughs(), mute + xmlMenu("Sound", xmlProperty("Bomb", "&l9;"))), xml));
     EXPECT_THAT(records.applied(), IsEmpty());
+}
+
+TEST_F(EntityTest, GrowthBeyondMeasureIsRefusedBeforeAnythingIsApplied) {
+    const std::string growing = xmlMenu("Sound", xmlProperty("Bomb", references));
+    EXPECT_FALSE(restore(withEntities(longEntity(), mute + growing), xml));
+    EXPECT_THAT(records.applied(), IsEmpty());
+}
+
+TEST_F(EntityTest, IsPutIntoAValue) {
+    const std::string value = xmlMenu("Sound", xmlProperty("Mute", "a&e;z"));
+    EXPECT_TRUE(restore(withEntities("<!ENTITY e 'm&#110;'>", value), xml));
+    EXPECT_THAT(records.applied(), ElementsAre("/Sound/Mute = amnz"));
 }
 
 TEST_F(EntityTest, ElementsOfAnEntityAreNotApplied) {
