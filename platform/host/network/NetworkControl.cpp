@@ -2,6 +2,7 @@
 
 #include "Guard.h"
 #include "Radios.h"
+#include "SetProfile.h"
 #include "store/Store.h"
 
 #include <cstdlib>
@@ -16,19 +17,24 @@ using KLX::Host::NetworkError;
 using KLX::Host::Radios;
 using KLX::Host::Store;
 
-/** A switch that the settings store keeps, and how it stands before anybody touched it. */
+/** A switch that the settings store keeps; the profile says how it stands at first. */
 struct KeptSwitch {
     const char* key;
-    bool isOnAtFirst;
+    bool (*isOnAtFirst)();
 };
 
-constexpr KeptSwitch wifiSwitch{"network/wifi_enabled", true};
-constexpr KeptSwitch wakeOnMobileSwitch{"network/wake_on_mobile", false};
+constexpr KeptSwitch wifiSwitch{"network/wifi_enabled", [] {
+                                    return KLX::Host::currentProfile().switches.wifi != 0;
+                                }};
+constexpr KeptSwitch wakeOnMobileSwitch{
+    "network/wake_on_mobile", [] {
+        return KLX::Host::currentProfile().switches.wakeOnMobile;
+    }};
 
 bool readSwitch(const KeptSwitch& kept) {
     const auto value = Store::instance().read(kept.key);
     if (!value) {
-        return kept.isOnAtFirst;
+        return kept.isOnAtFirst();
     }
     const bool* const isOn = std::get_if<bool>(&*value);
     if (isOn == nullptr) {
