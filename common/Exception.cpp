@@ -20,6 +20,24 @@ char const* textOf(char const* text) {
     return text != nullptr ? text : "";
 }
 
+std::locale* makePlainLocale() {
+    auto* const characters = new std::ctype<char>;
+    auto* const locale = new std::locale(std::locale::classic(), characters);
+    char const all[] = {'a'};
+    char narrowed[sizeof all];
+    characters->narrow(all, all + sizeof all, '\0', narrowed);
+    return locale;
+}
+
+// The process's own locale would group digits. The classic locale would not, but the standard
+// library completes its table of characters at the first use, which is no use by two threads at
+// once; this one's is complete before anybody sees it. It is never destroyed, so that exceptions
+// can be made until the process ends.
+std::locale const& plainLocale() {
+    static std::locale const* const locale = makePlainLocale();
+    return *locale;
+}
+
 } // namespace
 
 Exception::Exception(char const* msg) : message(copyOrNull(msg)) {}
@@ -53,8 +71,7 @@ template <class Argument>
 void Exception::createMessage(char const* fmt, Argument const& arg) noexcept {
     message = nullptr;
     try {
-        // The process's own locale would group digits.
-        std::string const text = (boost::format(fmt, std::locale::classic()) % arg).str();
+        std::string const text = (boost::format(fmt, plainLocale()) % arg).str();
         std::size_t const size = text.size() + 1;
         message = static_cast<char*>(std::malloc(size));
         if (message != nullptr) {
