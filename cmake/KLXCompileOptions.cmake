@@ -1,11 +1,15 @@
-# Every target of the project links klx_options: language level, warnings, sanitizers.
+# Every target of the project links klx_options: language level, warnings, sanitizers. What is loaded
+# into programs that are not ours links klx_warnings alone.
 
-add_library(klx_options INTERFACE)
-target_compile_features(klx_options INTERFACE cxx_std_17)
-target_compile_options(klx_options INTERFACE
+add_library(klx_warnings INTERFACE)
+target_compile_features(klx_warnings INTERFACE cxx_std_17)
+target_compile_options(klx_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
     # Log lines carry base names; keep the build folder's own path out of the binaries, too.
     "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
+
+add_library(klx_options INTERFACE)
+target_link_libraries(klx_options INTERFACE klx_warnings)
 
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)

@@ -42,9 +42,12 @@ std::string showRequest(unsigned long request, const v4l2_ext_controls& controls
     if (request != VIDIOC_G_EXT_CTRLS || controls.count != 1) {
         return std::to_string(request);
     }
-    const v4l2_ext_control& control = *controls.controls;
-    const int first = control.size == 0 ? 0 : *static_cast<const unsigned char*>(control.ptr);
-    return "VIDIOC_G_EXT_CTRLS, " + args(controls.ctrl_class, control.id, control.size, first);
+    // A copy: the kernel's structure is packed, and no reference may lead into it.
+    const v4l2_ext_control control = *controls.controls;
+    const auto id = control.id;
+    const auto size = control.size;
+    const int first = size == 0 ? 0 : *static_cast<const unsigned char*>(control.ptr);
+    return "VIDIOC_G_EXT_CTRLS, " + args(controls.ctrl_class, id, size, first);
 }
 
 int answerControls(const State& state, unsigned long request, v4l2_ext_controls& controls) {
