@@ -20,7 +20,7 @@ PROVIDERS = ["platform/host", "tests/fake"]
 # registry's header stands below the catalogue, which binds its rows to the class declared there;
 # its source stands above, because it walks the catalogue.
 STEPS = [
-    ("manager", ["DeviceInfoManager*", "*Document*", "PropertyPath.*"]),
+    ("manager", ["DeviceInfoManager*", "*Document*", "EntityGrowth.*", "PropertyPath.*"]),
     ("registry", ["DeviceProperty.cpp"]),
     ("catalogue", ["PropertyCatalogue.*", "*Binding.*", "catalogue/*"]),
     ("registry class", ["DeviceProperty.h"]),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DeviceProperty.h"
 #include "LogMatchers.h"
 #include "Records.h"
 
@@ -25,6 +26,12 @@ inline std::string nameOf(CDeviceInfoManager::DataFormatType format) {
 /** A fixture with a platform and records of its own. */
 class DocumentsTest : public ::testing::Test {
 protected:
+    /** The registry asks for the model line when it is made, which is once in a process. */
+    DocumentsTest() {
+        CDeviceProperty::GetInstance();
+        klx::fake::clearHistory();
+    }
+
     std::string dump(const Request& request, CDeviceInfoManager::DataFormatType format) {
         std::string document;
         EXPECT_TRUE(CDeviceInfoManager::GetDeviceInfo(request, document, "", format));
