@@ -103,9 +103,7 @@ int keep(std::map<std::string, Value>& map, const char* key, Value value) {
 }
 
 int giveBytes(const std::string& bytes, char* out, std::size_t room) {
-    const std::size_t count = std::min(bytes.size(), room);
-    std::memcpy(out, bytes.data(), count);
-    return static_cast<int>(count);
+    return static_cast<int>(bytes.copy(out, room));
 }
 
 void reset() {

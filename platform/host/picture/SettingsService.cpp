@@ -33,8 +33,9 @@ int SettingsService::GetItemValue(const std::string& item, std::string& value,
                                   const std::string& /*context*/) {
     int state = 0;
     const int error = answer(__func__, [&] {
-        state = defaultOf(item);
-        state = std::get<bool>(Store::instance().read(storeKey(item)).value_or(state != 0));
+        const bool isOnAtFirst = defaultOf(item) != 0;
+        const Value kept = Store::instance().read(storeKey(item)).value_or(isOnAtFirst);
+        state = std::get<bool>(kept) ? 1 : 0;
         value = std::to_string(state);
     });
     return error != 0 ? error : state;

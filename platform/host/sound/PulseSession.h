@@ -24,7 +24,7 @@ public:
 
 private:
     void iterateUntil(const std::function<bool()>& done, const char* what);
-    void finish(pa_operation* operation, const char* what);
+    void finish(pa_operation* started, const char* what);
     [[noreturn]] void fail(const char* what) const;
 
     struct FreesLoop {

@@ -57,7 +57,7 @@ Store& Store::instance() {
         auto store = std::unique_ptr<Store>(new Store);
         auto fresh = std::make_unique<Generation>(Generation{process, store.get()});
         if (current.compare_exchange_strong(generation, fresh.get())) {
-            fresh.release();
+            static_cast<void>(fresh.release());
             return *store.release();
         }
     }

@@ -103,7 +103,7 @@ void makeFolders(const std::string& path) {
 }
 
 std::string runtimeBase() {
-    const std::string named = environmentText("XDG_RUNTIME_DIR");
+    std::string named = environmentText("XDG_RUNTIME_DIR");
     if (!named.empty() && named.front() == '/' && isFolder(named)) {
         return named;
     }
