@@ -121,7 +121,7 @@ void checkExisting(const StoreFile& file) {
  * kills the process when the disk is full.
  */
 void reserveLockFile(const StoreFile& file) {
-    constexpr off_t size = 32 * 1024; // what LMDB needs for all reader slots
+    constexpr off_t size = off_t{32} * 1024; // what LMDB needs for all reader slots
     const std::string path = file.path + "-lock";
     const Descriptor descriptor(
         ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, filePermissions));
