@@ -8,6 +8,7 @@
 
 #include <dlfcn.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -31,12 +32,29 @@ Loaded load() {
         return {std::make_unique<SetProfile>(loadProfile(chosenProfile(), shippedProfilesFolder())),
                 ""};
     } catch (const HostFailure& failure) {
-        const std::string problem = std::string(failure.what()) + " (error " +
-                                    std::to_string(static_cast<int>(HostError::ProfileInvalid)) +
-                                    ")";
-        hostLog(DLOG_ERROR, problem);
-        return {nullptr, problem};
+        return {nullptr, std::string(failure.what()) + " (error " +
+                             std::to_string(static_cast<int>(HostError::ProfileInvalid)) + ")"};
     }
+}
+
+/**
+ * Loads at the first call. No lock is held meanwhile: a process that forks in that instant would
+ * leave it held in the child for ever. Threads that come together may each load; one of them wins.
+ */
+const Loaded& loadedOnce() {
+    static std::atomic<const Loaded*> current{nullptr};
+    const Loaded* known = current.load(std::memory_order_acquire);
+    if (known == nullptr) {
+        auto fresh = std::make_unique<const Loaded>(load());
+        if (current.compare_exchange_strong(known, fresh.get())) {
+            // Never destroyed: services answer until the last thread is gone.
+            known = fresh.release();
+            if (!known->profile) {
+                hostLog(DLOG_ERROR, known->problem);
+            }
+        }
+    }
+    return *known;
 }
 
 } // namespace
@@ -47,8 +65,7 @@ int ControlRange::defaultIn(int pictureMode) const {
 }
 
 const SetProfile& currentProfile() {
-    // Never destroyed: services answer until the last thread is gone.
-    static const Loaded& loaded = *new Loaded(load());
+    const Loaded& loaded = loadedOnce();
     if (!loaded.profile) {
         throw HostFailure(HostError::ProfileInvalid, loaded.problem);
     }
