@@ -8,7 +8,7 @@ AREAS = {
     "DeviceInfo": (["common", "platform/include"], ["boost", "libxml2", "jsoncpp", "v4l2"]),
     "platform/host": (["platform/include"], ["lmdb", "libnl", "udev", "systemd", "jsoncpp",
                                             "pulse"]),
-    "tools": (["public headers"], ["cli11", "libxml2"]),
+    "tools": (["public headers"], ["cli11", "libxml2", "jsoncpp"]),
     "tests/fake": (["platform/include"], ["googletest", "v4l2"]),
 }
 
@@ -53,7 +53,8 @@ LIBRARIES = {
 SYSTEM_FOLDERS = ["sys/", "linux/", "net/", "netinet/", "arpa/"]
 SYSTEM_HEADERS = """
     assert.h ctype.h dirent.h dlfcn.h errno.h fcntl.h ifaddrs.h inttypes.h langinfo.h limits.h
-    link.h locale.h malloc.h math.h netdb.h poll.h pthread.h pwd.h sched.h semaphore.h signal.h
+    link.h locale.h malloc.h math.h netdb.h poll.h pthread.h pty.h pwd.h sched.h semaphore.h
+    signal.h
     spawn.h stdarg.h stdbool.h stddef.h stdint.h stdio.h stdlib.h string.h strings.h syslog.h
     termios.h time.h ucontext.h unistd.h wchar.h
 """.split()

@@ -7,11 +7,15 @@
 #include <functional>
 #include <string>
 
-/// The work of the command that the arguments name; it throws `Failure` to end early.
-using Command = std::function<ExitStatus()>;
+/// The command that the arguments name.
+struct Command {
+    std::function<ExitStatus()> work; ///< throws `Failure` to end early
+    /// What a failure of input, output or the library ends with.
+    ExitStatus onFailure = ExitStatus::Failed;
+};
 
 /// Each of these declares one command with its arguments and, when the arguments name that command,
-/// leaves its work in @p chosen. Both objects have to outlive that work.
+/// leaves it in @p chosen. Both objects have to outlive its work.
 void addGetCommand(CLI::App& app, Command& chosen);
 void addSetCommand(CLI::App& app, Command& chosen);
 void addDumpCommand(CLI::App& app, Command& chosen);

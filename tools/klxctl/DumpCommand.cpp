@@ -92,7 +92,7 @@ void addDumpCommand(CLI::App& app, Command& chosen) {
         ->check(checkTarget)
         ->option_text("FILE");
     command->callback([given, &chosen] {
-        chosen = [given] {
+        chosen.work = [given] {
             return dump(*given);
         };
     });

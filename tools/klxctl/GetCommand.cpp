@@ -38,7 +38,7 @@ void addGetCommand(CLI::App& app, Command& chosen) {
     addWords(*command, "PATH", *paths, "Full path of a property, such as /Picture/Backlight")
         ->required();
     command->callback([paths, &chosen] {
-        chosen = [paths] {
+        chosen.work = [paths] {
             return get(*paths);
         };
     });

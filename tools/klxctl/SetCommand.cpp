@@ -54,7 +54,7 @@ void addSetCommand(CLI::App& app, Command& chosen) {
         ->option_text(" ");
     command->add_option("VALUE", given->value, "The new value")->required()->option_text(" ");
     command->callback([given, &chosen] {
-        chosen = [given] {
+        chosen.work = [given] {
             return set(given->path, given->value);
         };
     });

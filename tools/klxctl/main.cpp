@@ -47,9 +47,8 @@ std::string explained(const CLI::App& app, const CLI::ParseError& error) {
            " is no option here: if it is meant as a value, write \"--\" before it";
 }
 
-ExitStatus run(int argc, char** argv) {
+ExitStatus run(int argc, char** argv, Command& chosen) {
     CLI::App app("Read and change a television's settings and device information", "klxctl");
-    Command chosen;
     declare(app, chosen);
     try {
         app.parse(argc, argv);
@@ -62,26 +61,27 @@ ExitStatus run(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         failUsage(app, explained(app, error));
     }
-    if (!chosen) {
+    if (!chosen.work) {
         failUsage(app, "no command is given; write get, set or dump");
     }
-    return chosen();
+    return chosen.work();
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    Command chosen;
     ExitStatus status = ExitStatus::Failed;
     try {
         reserveStandardStreams();
-        status = run(argc, argv);
+        status = run(argc, argv, chosen);
         closeOutput();
     } catch (const Failure& failure) {
         report(failure.what());
-        status = failure.status();
+        status = failure.status() == ExitStatus::Failed ? chosen.onFailure : failure.status();
     } catch (const std::exception& error) {
         report(error.what());
-        status = ExitStatus::Failed;
+        status = chosen.onFailure;
     }
     return static_cast<int>(status);
 }
