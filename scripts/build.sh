@@ -59,6 +59,15 @@ run_tests() {
     fi
 }
 
+# usage: fuzz_targets SECONDS
+# All targets run at once; what each of them says is shown when it has ended.
+fuzz_targets() {
+    say "fuzzing in build/fuzz, $1 seconds for each target"
+    cmake --build build/fuzz --target fuzz ||
+        fail "a target failed as shown above. The input that did it lies in build/fuzz/fuzz; again with
+  build/fuzz/fuzz/fuzz_TARGET INPUT"
+}
+
 run_benchmarks() {
     programs=$(find build/release/bench -maxdepth 1 -type f -perm -u+x | sort)
     [ -n "$programs" ] || fail "bench/ built no program; see bench/CMakeLists.txt"

@@ -8,7 +8,8 @@ packages_build="
     liblmdb-dev libnl-route-3-dev libudev-dev libsystemd-dev libcli11-dev
     libgtest-dev libgmock-dev libbenchmark-dev libumockdev-dev umockdev libpulse-dev pulseaudio pulseaudio-utils iproute2"
 packages_tidy="clang clang-tidy"
-packages_checks="$packages_tidy clang-format libclang-rt-14-dev valgrind"
+packages_fuzz="clang libclang-rt-14-dev"
+packages_checks="$packages_tidy $packages_fuzz clang-format valgrind"
 
 missing_packages() {
     dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |
