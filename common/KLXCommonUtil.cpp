@@ -20,6 +20,17 @@ namespace {
 
 using Bio = std::unique_ptr<BIO, KLX::ReleasedBy<&BIO_free_all>>;
 
+/// @return the count of bytes as OpenSSL tells it; 0 when there is no memory for the work
+int readBase64(const char* text, int length, unsigned char* buffer) {
+    Bio input(BIO_new_mem_buf(text, length));
+    const Bio filter(BIO_new(BIO_f_base64()));
+    if (!input || !filter) {
+        return 0;
+    }
+    BIO_set_flags(filter.get(), BIO_FLAGS_BASE64_NO_NL);
+    return BIO_read(BIO_push(filter.get(), input.release()), buffer, length);
+}
+
 /// Runs the work on a file and turns stream failures into the library's exception, logging in the
 /// name of the operation.
 template <class Work>
@@ -121,10 +132,7 @@ unsigned char* KLXCommonUtil::decodeBase64(const char* text, int len, unsigned i
         static_cast<unsigned char*>(std::calloc(static_cast<std::size_t>(std::max(room, 1)), 1));
     int count = 0;
     if (buffer != nullptr && room > 0) {
-        const Bio chain(BIO_new(BIO_f_base64()));
-        BIO_push(chain.get(), BIO_new_mem_buf(text, room));
-        BIO_set_flags(chain.get(), BIO_FLAGS_BASE64_NO_NL);
-        count = BIO_read(chain.get(), buffer, room);
+        count = readBase64(text, room, buffer);
     }
     outLen = static_cast<unsigned int>(count);
     KLX_LOG(LogInfo, "outLen[%d]", count);

@@ -9,6 +9,9 @@
 #include <libxml/xpath.h>
 #include <libxml/xpathInternals.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 using XmlBuffer = std::unique_ptr<xmlBuffer, KLX::ReleasedBy<&xmlBufferFree>>;
@@ -65,7 +68,11 @@ std::vector<xmlNodePtr> KLXCommonUtil::xmlFindNodes(xmlNodePtr node, const std::
         return {};
     }
     xmlXPathNodeSetSort(nodes);
-    return {nodes->nodeTab, nodes->nodeTab + nodes->nodeNr};
+    std::vector<xmlNodePtr> kept;
+    // A namespace in the set is a copy that dies with the set.
+    std::copy_if(nodes->nodeTab, nodes->nodeTab + nodes->nodeNr, std::back_inserter(kept),
+                 [](xmlNodePtr each) { return each->type != XML_NAMESPACE_DECL; });
+    return kept;
 }
 
 void KLXCommonUtil::xmlDocumentToString(xmlDocPtr doc, std::string& out) {

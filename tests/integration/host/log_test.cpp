@@ -104,7 +104,8 @@ TEST_F(Log, WritesEachLineAtOnceFromSeveralThreads) {
     constexpr int lineCount = 25; // each takes a page of the pipe
     int ends[2];
     ASSERT_EQ(::pipe2(ends, O_DIRECT), 0);
-    ::fcntl(ends[1], F_SETPIPE_SZ, 1 << 20);
+    ASSERT_GE(::fcntl(ends[1], F_SETPIPE_SZ, 1 << 20), threadCount * lineCount * 4096)
+        << "the pipe cannot hold what nobody reads before the threads have ended";
     const int original = ::dup(STDERR_FILENO);
     ::dup2(ends[1], STDERR_FILENO);
     std::vector<std::thread> threads;

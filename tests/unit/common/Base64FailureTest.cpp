@@ -7,6 +7,7 @@
 
 #include <climits>
 #include <cstdlib>
+#include <memory>
 
 namespace fake = klx::fake;
 using namespace klx::test;
@@ -48,6 +49,15 @@ TEST_F(Base64FailureTest, MoreThanOneWriteTakesIsEncodedInSeveral) {
     PretendedBioWrites writes;
     KLXCommonUtil::encodeBase64("", std::size_t{2} * INT_MAX + 5);
     EXPECT_THAT(writes.sizes, ElementsAre(INT_MAX, INT_MAX, 5));
+}
+
+TEST_F(Base64FailureTest, NoFilterToDecodeWithCountsNothing) {
+    unsigned int count = 77;
+    const FailingCall fault(Failing::bioNew);
+    const std::unique_ptr<unsigned char, decltype(&std::free)> buffer(
+        KLXCommonUtil::decodeBase64("Zm9v", 4, count), &std::free);
+    EXPECT_NE(buffer, nullptr);
+    EXPECT_EQ(count, 0u);
 }
 
 TEST_F(Base64FailureTest, NoBufferToDecodeInto) {

@@ -101,6 +101,13 @@ TEST_F(XmlHelpersTest, NodesComeInDocumentOrder) {
                 ElementsAre("a", "b", "d"));
 }
 
+TEST_F(XmlHelpersTest, NamespacesThatDieWithTheResultAreNoNodes) {
+    const XmlTree named = parseXml("<a xmlns:x='urn:x'/>");
+    EXPECT_THAT(KLXCommonUtil::xmlFindNodes(rootOf(named), "namespace::*"), IsEmpty());
+    EXPECT_THAT(namesOf(KLXCommonUtil::xmlFindNodes(rootOf(named), "namespace::* | .")),
+                ElementsAre("a"));
+}
+
 TEST_F(XmlHelpersTest, NoMatchIsAnEmptyList) {
     EXPECT_THAT(KLXCommonUtil::xmlFindNodes(root(), "*[@name='z']"), IsEmpty());
 }
