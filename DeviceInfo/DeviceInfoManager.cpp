@@ -7,6 +7,7 @@
 #include "Log.h"
 #include "PropertyPath.h"
 #include "XmlDocument.h"
+#include "XmlDocumentIndex.h"
 #include "XmlErrors.h"
 
 #include <boost/optional.hpp>
@@ -360,6 +361,7 @@ void CDeviceInfoManager::visitCategory(const std::string& category, Visit visit)
 void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
     const auto noise = KLX::XmlErrorScope::toLog();
     const XmlDocument document = newXmlDocument();
+    const XmlDocumentIndex index(document.get());
     const xmlNodePtr root = addRoot(document, "rm_as");
     setAttribute(root, "version", "2.5");
     const xmlNodePtr deviceInfo = addElement(root, "deviceInfo");
@@ -402,17 +404,12 @@ xmlNodePtr CDeviceInfoManager::createTree(xmlNodePtr parent, const std::string& 
                                           const std::string& remaining) {
     const PathSegment segment = firstSegment(remaining, fullPath);
     const std::string name = documentText(segment.name);
-    const auto matches = KLXCommonUtil::xmlFindNodes(parent, "*[@name='" + name + "']");
-    if (matches.size() > 1) {
-        throw KLX::Exception("XML tree has invalid structure");
-    }
-    xmlNodePtr element = nullptr;
-    if (matches.empty()) {
+    xmlNodePtr element = childNamed(parent, name);
+    if (element == nullptr) {
         KLX_LOG(LogDebug, "Creating %s", segment.name.c_str());
         element = addElement(parent, remaining == fullPath ? "menu" : "property");
         setAttribute(element, "name", name);
-    } else {
-        element = matches.front();
+        XmlDocumentIndex::of(element)->add(element);
     }
     if (segment.length < remaining.size()) {
         return createTree(element, fullPath, remaining.substr(segment.length));
