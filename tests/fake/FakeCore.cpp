@@ -20,11 +20,25 @@ Platform& platform() {
     return instance;
 }
 
+thread_local int depth = 0;
+
 Plan planOf(const std::string& function) {
     return Access()->plans[function];
 }
 
 } // namespace
+
+Inside::Inside() {
+    ++depth;
+}
+
+Inside::~Inside() {
+    --depth;
+}
+
+bool isInside() {
+    return depth > 0;
+}
 
 Access::Access() : m_lock(platform().mutex), m_state(platform().state) {}
 

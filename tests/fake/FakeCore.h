@@ -27,6 +27,15 @@ private:
     State& m_state;
 };
 
+/** The calling thread is inside the platform for as long as this lives; may be nested. */
+class Inside {
+public:
+    Inside();
+    ~Inside();
+    Inside(const Inside&) = delete;
+    Inside& operator=(const Inside&) = delete;
+};
+
 /** @name One argument as the history shows it */
 /**@{*/
 std::string show(const char* text);
@@ -43,6 +52,7 @@ std::enable_if_t<std::is_integral_v<T> || std::is_enum_v<T>, std::string> show(T
 /** The arguments of a call as the history shows them. */
 template <typename... T>
 std::string args(const T&... values) {
+    const Inside platform;
     std::string text;
     ((text += (text.empty() ? "" : ", ") + show(values)), ...);
     return text;
@@ -65,7 +75,8 @@ int plannedAnswer(State& state, const std::string& function, int status);
 
 /** One call: `body(State&)` does the work and returns the status; a failing call skips it. */
 template <typename Body>
-int call(const std::string& function, const std::string& arguments, Body body) {
+int call(const char* function, const std::string& arguments, Body body) {
+    const Inside platform;
     const int ordinal = enter(function, arguments);
     const Access state;
     if (const auto failure = plannedFailure(*state, function, ordinal)) {
@@ -77,7 +88,8 @@ int call(const std::string& function, const std::string& arguments, Body body) {
 
 /** The same for a call that gives something back: its work is done even when it fails. */
 template <typename Body>
-int callReleasing(const std::string& function, const std::string& arguments, Body body) {
+int callReleasing(const char* function, const std::string& arguments, Body body) {
+    const Inside platform;
     const int ordinal = enter(function, arguments);
     const Access state;
     const int status = body(*state);

@@ -137,6 +137,7 @@ std::ostream& operator<<(std::ostream& out, const LogLine& line) {
 
 int __dlog_print(int log_id, int priority, const char* tag, const char* format, ...) {
     using namespace klx::fake;
+    const Inside platform;
     LogLine line;
     line.logId = log_id;
     line.priority = priority;

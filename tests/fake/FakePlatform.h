@@ -264,6 +264,12 @@ std::vector<std::string> openHandles();
 /** Calls with a closed handle or one of another kind. Null is no misuse: it merely fails. */
 std::vector<std::string> misuses();
 
+/**
+ * Whether the calling thread is inside a function of the platform. What it allocates there is the
+ * platform's own affair and not its caller's.
+ */
+bool isInside();
+
 /** The names of all functions, for tests that hold for each of them. */
 std::vector<std::string> functions();
 

@@ -6,10 +6,11 @@ namespace {
 
 /** Runs an operation of a control, unless the control has been given back. */
 template <typename Body>
-int operate(const ITvControl* control, const std::string& kind, const std::string& operation,
+int operate(const ITvControl* control, const char* kind, const char* operation,
             const std::string& arguments, Body body) {
-    const std::string function = kind + '.' + operation;
-    return call(function, arguments, [&](State& state) {
+    const Inside platform;
+    const std::string function = std::string(kind) + '.' + operation;
+    return call(function.c_str(), arguments, [&](State& state) {
         return state.handles.find<void>(control, kind, function) == nullptr ? kBadHandle
                                                                             : body(state);
     });

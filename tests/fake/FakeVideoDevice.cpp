@@ -86,6 +86,7 @@ int v4l2_open(const char* file, int oflag, ...) {
 }
 
 int v4l2_ioctl(int fd, unsigned long int request, ...) {
+    const Inside platform;
     const char* const function = __func__;
     va_list arguments;
     va_start(arguments, request);
