@@ -3,6 +3,7 @@
 #include "CpuInfo.h"
 #include "KLXExport.h"
 #include "PropertyAccessor.h"
+#include "PropertyDescription.h"
 
 #include <atomic>
 #include <list>
@@ -99,6 +100,20 @@ public:
     /// CDeviceInfoManager::SetDeviceInfo(document, CDeviceInfoManager::DATA_FORMAT_XML);
     /// @endcode
     KLX_API static bool SetDeviceInfo(std::string data, DataFormatType format);
+
+    /// Lists what the library knows of each property: where it comes from, whether it can be
+    /// written, its fixed default. Asks the platform for nothing and keeps nothing afterwards.
+    /// @param properties receives one description for each property, in byte order of the paths;
+    ///                   left as it is on failure
+    /// @return false only when the creation of the instance failed or memory ran out
+    /// @code
+    /// std::vector<PropertyDescription> properties;
+    /// CDeviceInfoManager::DescribeProperties(properties);
+    /// for (const PropertyDescription& property : properties) {
+    ///     std::cout << property.path << (property.isWritable ? "" : " (read-only)") << '\n';
+    /// }
+    /// @endcode
+    KLX_API static bool DescribeProperties(std::vector<PropertyDescription>& properties);
 
     // The diagnostics below need no initialisation.
 

@@ -85,8 +85,8 @@ PropertySetter setter(CDeviceProperty& device, void (Owner::*set)(const std::str
 
 /// A pair of accessors. A getter that takes an `eMenuValueType` answers the default, too.
 template <class Get, class Set>
-PropertyBinding readWrite(Get get, Set set) {
-    return PropertyBinding([get, set](CDeviceProperty& device) {
+PropertyBinding readWrite(PropertySource source, Get get, Set set) {
+    return PropertyBinding(std::move(source), [get, set](CDeviceProperty& device) {
         return PropertyAccessor(memberbinding::getter(device, get, currentValue),
                                 memberbinding::defaultGetter(device, get), boost::none,
                                 memberbinding::setter(device, set), true);
@@ -95,8 +95,8 @@ PropertyBinding readWrite(Get get, Set set) {
 
 /// A getter alone.
 template <class Get>
-PropertyBinding readOnly(Get get) {
-    return PropertyBinding([get](CDeviceProperty& device) {
+PropertyBinding readOnly(PropertySource source, Get get) {
+    return PropertyBinding(std::move(source), [get](CDeviceProperty& device) {
         return PropertyAccessor(memberbinding::getter(device, get, currentValue),
                                 memberbinding::defaultGetter(device, get), boost::none, emptySetter,
                                 false);

@@ -21,11 +21,23 @@ PropertyAccessor readOnlyRecord(PropertyGetter getter) {
 }
 
 PropertyBinding systemInformation(const char* typeName, int key) {
-    return PropertyBinding([typeName, key](CDeviceProperty& device) {
+    const PropertySource source{"system information", std::to_string(key)};
+    return PropertyBinding(source, [typeName, key](CDeviceProperty& device) {
         return readOnlyRecord([&device, typeName, key](const std::string&) {
             return device.getSystemInfoValue(typeName, static_cast<system_info_key_e>(key));
         });
     });
+}
+
+const char* settingKind(valueType type) {
+    switch (type) {
+    case booleanValue:
+        return "flag setting";
+    case stringValue:
+        return "text setting";
+    default:
+        return "integer setting";
+    }
 }
 
 } // namespace
@@ -43,7 +55,8 @@ PropertyAccessor PropertyBinding::bindTo(CDeviceProperty& device) const {
 }
 
 PropertyBinding setting(const char* key, valueType type) {
-    return PropertyBinding([key = std::string(key), type](CDeviceProperty& device) {
+    const PropertySource source{settingKind(type), key};
+    return PropertyBinding(source, [key = std::string(key), type](CDeviceProperty& device) {
         return PropertyAccessor(
             [&device, key, type](const std::string&) {
                 return device.getVconfValueWrapper(key, type);
@@ -57,7 +70,8 @@ PropertyBinding setting(const char* key, valueType type) {
 }
 
 PropertyBinding systemSetting(int key, const char* defaultKey) {
-    return PropertyBinding([key, defaultKey](CDeviceProperty& device) {
+    const PropertySource source{"system setting", std::to_string(key)};
+    return PropertyBinding(source, [key, defaultKey](CDeviceProperty& device) {
         return PropertyAccessor(
             runtimeNumber(device, key), storeDefault(device, defaultKey, integerValue), boost::none,
             [&device, key](const std::string& value) {
@@ -69,8 +83,9 @@ PropertyBinding systemSetting(int key, const char* defaultKey) {
 }
 
 PropertyBinding usageMode(const char* defaultKey) {
-    return PropertyBinding([defaultKey](CDeviceProperty& device) {
-        constexpr int runtimeKey = 10010;
+    constexpr int runtimeKey = 10010;
+    const PropertySource source{"usage mode", std::to_string(runtimeKey)};
+    return PropertyBinding(source, [defaultKey](CDeviceProperty& device) {
         return PropertyAccessor(
             runtimeNumber(device, runtimeKey), storeDefault(device, defaultKey, integerValue),
             boost::none, [&device](const std::string& value) { device.setSystemUseMode(value); },
@@ -79,7 +94,8 @@ PropertyBinding usageMode(const char* defaultKey) {
 }
 
 PropertyBinding pictureSize(const char* defaultKey) {
-    return PropertyBinding([defaultKey](CDeviceProperty& device) {
+    const PropertySource source{"video control", "GetPictureSize"};
+    return PropertyBinding(source, [defaultKey](CDeviceProperty& device) {
         return PropertyAccessor(
             [&device](const std::string& argument) { return device.getPictureSize(argument); },
             storeDefault(device, defaultKey, integerValue), boost::none,
@@ -96,19 +112,23 @@ PropertyBinding systemNumber(int key) {
 }
 
 PropertyBinding runtimeCounter(int key) {
-    return PropertyBinding(
-        [key](CDeviceProperty& device) { return readOnlyRecord(runtimeNumber(device, key)); });
+    const PropertySource source{"runtime information", std::to_string(key)};
+    return PropertyBinding(source, [key](CDeviceProperty& device) {
+        return readOnlyRecord(runtimeNumber(device, key));
+    });
 }
 
 PropertyBinding hdmiInfo(eHDMIinfo which) {
-    return PropertyBinding([which](CDeviceProperty& device) {
+    const PropertySource source{"HDMI processor", "/dev/video21"};
+    return PropertyBinding(source, [which](CDeviceProperty& device) {
         return readOnlyRecord(
             [&device, which](const std::string&) { return device.getHDMIinfo(which); });
     });
 }
 
 PropertyBinding macAddress(DeviceInfoNetwork::connectionProfileType type) {
-    return PropertyBinding([type](CDeviceProperty& device) {
+    const PropertySource source{"network connection", "connection_get_mac_address"};
+    return PropertyBinding(source, [type](CDeviceProperty& device) {
         return readOnlyRecord(
             [&device, type](const std::string&) { return device.getNetworkMAC(type); });
     });

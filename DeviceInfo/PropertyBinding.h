@@ -6,13 +6,21 @@
 
 #include <utility>
 
+/// What answers for a property, in readable words, and the key, number or call that it is asked
+/// for; "" where there is none.
+struct PropertySource {
+    std::string kind;
+    std::string key;
+};
+
 /// One kind of row of the catalogue with its backing key or functions; becomes a record when it is
 /// bound to the registry's instance. The factories below name the kinds.
 class PropertyBinding {
 public:
     using Bind = std::function<PropertyAccessor(CDeviceProperty&)>;
 
-    explicit PropertyBinding(Bind bind) : m_bind(std::move(bind)) {}
+    PropertyBinding(PropertySource source, Bind bind)
+        : m_source(std::move(source)), m_bind(std::move(bind)) {}
 
     /// The default is this text; no getter is asked for it.
     PropertyBinding withDefault(std::string text) && {
@@ -28,7 +36,10 @@ public:
 
     PropertyAccessor bindTo(CDeviceProperty& device) const;
 
+    const PropertySource& source() const { return m_source; }
+
 private:
+    PropertySource m_source;
     Bind m_bind;
     boost::optional<std::string> m_fixedDefault;
     bool m_flagClear = false;

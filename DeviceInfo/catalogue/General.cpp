@@ -12,7 +12,8 @@ std::vector<PropertyRow> generalRows() {
         {"/General/Eco Solution/Auto Power Off",
          systemSetting(10006, "db/menu/system/eco_solution/auto_power_off_default")},
         {"/General/External Device Manager/Cordix+(HDMI-CEC)",
-         readWrite(&DeviceInfoInput::getCordixHdmiCec, &DeviceInfoInput::setCordixHdmiCec)
+         readWrite({"HDMI-CEC", "cec_is_enable"}, &DeviceInfoInput::getCordixHdmiCec,
+                   &DeviceInfoInput::setCordixHdmiCec)
              .withDefault("1")
              .withFlagClear()},
         {"/General & Privacy/Parental Settings/Parental Lock",
@@ -36,7 +37,8 @@ std::vector<PropertyRow> generalRows() {
         {"/General & Privacy/Start screen option/Autorun Multi View Casting",
          setting("db/menu/contentcasting/multiview_autorun", integerValue)},
         {"/General & Privacy/Start screen option/Autorun Multi View When Rotating",
-         readWrite(&commonUtil::getAutorunMultiviewRotation,
+         readWrite({"settings service", "autorun-multiview-rotating"},
+                   &commonUtil::getAutorunMultiviewRotation,
                    &commonUtil::setAutorunMultiviewRotation)},
         {"/General & Privacy/Accessibility/Audio Description Settings/Audio Description",
          setting("db/menu/system/accessibility/audio_description", integerValue)},
@@ -55,7 +57,8 @@ std::vector<PropertyRow> generalRows() {
         {"/General & Privacy/Accessibility/Zoom Menu And Text",
          setting("db/menu/system/accessibility/focuszoom", integerValue)},
         {"/General & Privacy/Accessibility/Grayscale",
-         readWrite(&commonUtil::getGrayscaleValue, &commonUtil::setGrayscaleValue)},
+         readWrite({"picture control", "pelm_get_video_gray_onoff"}, &commonUtil::getGrayscaleValue,
+                   &commonUtil::setGrayscaleValue)},
         {"/Support/SoftwareUpdate_AutoUpdate",
          setting("db/menu/support/softwareupdate/autoupdate", integerValue).withFlagClear()},
         {"/Support/Software Update/Update with Cellular Network",

@@ -4,7 +4,8 @@
 std::vector<PropertyRow> inputRows() {
     // Asked with the empty argument, or with the key's digits for the XML document.
     const PropertyBinding sourceStatus =
-        readOnly(&DeviceInfoInput::getInputDeviceStatus).withDefault("0");
+        readOnly({"port state", "memory/sysman/"}, &DeviceInfoInput::getInputDeviceStatus)
+            .withDefault("0");
     return {
         {"/Input/Source_Connect/HDMI", sourceStatus},
         {"/Input/Source_Connect/AV", sourceStatus},
@@ -12,7 +13,8 @@ std::vector<PropertyRow> inputRows() {
         {"/Input/Source_Connect/SCART", sourceStatus},
         {"/Input/Source_Connect/USB", sourceStatus},
         {"/Input/Source",
-         readWrite(&DeviceInfoInput::getSourceList, &DeviceInfoInput::setSourceList)},
+         readWrite({"source control", "GetCurrentSourceInfo"}, &DeviceInfoInput::getSourceList,
+                   &DeviceInfoInput::setSourceList)},
         {"/Input/HDMI_Vendor", hdmiInfo(hdmiVendor).withDefault("")},
         {"/Input/HDMI_Product", hdmiInfo(hdmiProduct).withDefault("")},
     };

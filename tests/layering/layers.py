@@ -20,14 +20,16 @@ PROVIDERS = ["platform/host", "tests/fake"]
 # registry's header stands below the catalogue, which binds its rows to the class declared there;
 # its source stands above, because it walks the catalogue.
 STEPS = [
-    ("manager", ["DeviceInfoManager*", "*Document*", "EntityGrowth.*", "PropertyPath.*"]),
+    ("manager", ["DeviceInfoManager*", "*Document*", "EntityGrowth.*", "PropertyPath.*",
+                 "PropertyDescription.cpp"]),
     ("registry", ["DeviceProperty.cpp"]),
     ("catalogue", ["PropertyCatalogue.*", "*Binding.*", "catalogue/*"]),
     ("registry class", ["DeviceProperty.h"]),
     ("backends", ["DeviceInfoAV*", "DeviceInfoGeneral*", "DeviceInfoInput*", "DeviceInfoNetwork*",
                   "factoryInfo*"]),
     ("helpers", ["NetworkAPI*", "commonUtil.h"]),
-    ("types", ["CpuInfo.h", "PropertyAccessor.h", "ValueTypes.h"]),
+    ("types", ["CpuInfo.h", "PropertyAccessor.h", "PropertyDescription.h",
+               "ValueTypes.h"]),
 ]
 
 # Third-party headers by the library they come from.

@@ -1,0 +1,60 @@
+#include "PropertyDescription.h"
+
+#include "DeviceInfoManager.h"
+#include "Log.h"
+#include "PropertyCatalogue.h"
+
+#include <algorithm>
+
+namespace {
+
+using Descriptions = std::vector<PropertyDescription>;
+
+bool doesNothing(const PropertySetter& setter) {
+    const auto* const function = setter.target<void (*)(const std::string&)>();
+    return function != nullptr && *function == &emptySetter;
+}
+
+PropertyDescription descriptionOf(const std::string& path, const PropertyAccessor& accessor) {
+    PropertyDescription description;
+    description.path = path;
+    description.flag = std::get<flagElement>(accessor);
+    description.isWritable = !doesNothing(std::get<setterElement>(accessor));
+    if (const auto& fixedDefault = std::get<fixedDefaultElement>(accessor)) {
+        description.fixedDefault = *fixedDefault;
+    }
+    description.hasDefault = description.fixedDefault || std::get<defaultGetterElement>(accessor);
+    return description;
+}
+
+/// @param descriptions in byte order of their paths
+void nameSources(Descriptions& descriptions) {
+    for (const PropertyRow& row : propertyCatalogue()) {
+        const auto found = std::lower_bound(
+            descriptions.begin(), descriptions.end(), row.path,
+            [](const PropertyDescription& each, const char* path) { return each.path < path; });
+        if (found != descriptions.end() && found->path == row.path) {
+            found->kind = row.binding.source().kind;
+            found->key = row.binding.source().key;
+        }
+    }
+}
+
+} // namespace
+
+bool CDeviceInfoManager::DescribeProperties(std::vector<PropertyDescription>& properties) {
+    try {
+        Descriptions descriptions;
+        for (const auto& [path, accessor] : *instanceFor(__func__).m_properties) {
+            descriptions.push_back(descriptionOf(path, accessor));
+        }
+        nameSources(descriptions);
+        properties = std::move(descriptions);
+        return true;
+    } catch (const std::exception& error) {
+        KLX_LOG(LogWarning, "exception: [%s]", error.what());
+    } catch (...) {
+        KLX_LOG(LogWarning, "UNKNOWN exception occured");
+    }
+    return false;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+/// What the library knows of one property before anybody asks the platform for its value.
+struct PropertyDescription {
+    /// The full path, such as "/Picture/Backlight".
+    std::string path;
+
+    /// What answers for the property, in readable words: "integer setting", "flag setting" and
+    /// "text setting" for keys of the settings store, "system information", "picture control", ...;
+    /// "" when that is not known. Meant for people; no program should decide on it.
+    std::string kind;
+
+    /// What is asked there: the settings store's key, the number of an information or setting, or
+    /// the name of the platform's call; "" when there is none.
+    std::string key;
+
+    /// The record's flag: set for writable settings of the menu. A few properties that can be
+    /// written have it clear.
+    bool flag = false;
+
+    /// Whether writing the property has any effect. The platform may still refuse a value.
+    bool isWritable = false;
+
+    /// The default that is the same on every set; none when the platform is asked for it or when
+    /// there is no default at all.
+    std::optional<std::string> fixedDefault;
+
+    /// Whether there is a default: the fixed one or one that the platform is asked for.
+    bool hasDefault = false;
+};
