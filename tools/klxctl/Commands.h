@@ -19,3 +19,5 @@ struct Command {
 void addGetCommand(CLI::App& app, Command& chosen);
 void addSetCommand(CLI::App& app, Command& chosen);
 void addDumpCommand(CLI::App& app, Command& chosen);
+void addStatCommand(CLI::App& app, Command& chosen);
+void addFmsCommand(CLI::App& app, Command& chosen);

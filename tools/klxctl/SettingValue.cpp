@@ -26,3 +26,7 @@ bool isHeld(const std::string& asked, const std::string& told) {
     const std::optional<std::string> askedNumber = wholeNumber(asked);
     return asked == told || (askedNumber && askedNumber == wholeNumber(told));
 }
+
+bool isWholeNumber(const std::string& text) {
+    return wholeNumber(text).has_value();
+}

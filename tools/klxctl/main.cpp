@@ -24,16 +24,38 @@ void declare(CLI::App& app, Command& chosen) {
     addGetCommand(app, chosen);
     addSetCommand(app, chosen);
     addDumpCommand(app, chosen);
+    addStatCommand(app, chosen);
+    addFmsCommand(app, chosen);
 }
 
-std::string commandLine(const CLI::App& app) {
+/// The command that the arguments name, or the tool itself when they name none.
+const CLI::App& namedCommand(const CLI::App& app) {
     const auto commands = app.get_subcommands();
-    return commands.empty() ? "klxctl" : "klxctl " + commands.front()->get_name();
+    return commands.empty() ? app : namedCommand(*commands.front());
+}
+
+std::string commandLine(const CLI::App& command) {
+    const CLI::App* const parent = command.get_parent();
+    return (parent != nullptr ? commandLine(*parent) + " " : "") + command.get_name();
+}
+
+/// The commands that can follow: "get, set or dump".
+std::string commandNames(const CLI::App& command) {
+    const auto isShown = [](const CLI::App* each) {
+        return !each->get_group().empty();
+    };
+    const auto commands = command.get_subcommands(isShown);
+    std::string names;
+    for (const CLI::App* const each : commands) {
+        const char* const separator = each == commands.back() ? " or " : ", ";
+        names += (names.empty() ? "" : separator) + each->get_name();
+    }
+    return names;
 }
 
 [[noreturn]] void failUsage(const CLI::App& app, const std::string& message) {
-    throw Failure(ExitStatus::WrongUsage,
-                  message + "\nSee \"" + commandLine(app) + " --help\" for what can be written.");
+    throw Failure(ExitStatus::WrongUsage, message + "\nSee \"" + commandLine(namedCommand(app)) +
+                                              " --help\" for what can be written.");
 }
 
 /// A value such as "-x" is taken for an option and then missing.
@@ -62,7 +84,7 @@ ExitStatus run(int argc, char** argv, Command& chosen) {
         failUsage(app, explained(app, error));
     }
     if (!chosen.work) {
-        failUsage(app, "no command is given; write get, set or dump");
+        failUsage(app, "no command is given; write " + commandNames(namedCommand(app)));
     }
     return chosen.work();
 }

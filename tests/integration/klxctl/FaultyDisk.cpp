@@ -1,7 +1,10 @@
 // Loaded before the C library, plays a disk on which bringing data to it fails, never returns, or
 // takes so long that the terminal is gone meanwhile. KLXCTL_TEST_FSYNC holds "fail in FOLDER",
-// "hang in FOLDER" or "hang up in FOLDER"; files elsewhere are as ever.
+// "hang in FOLDER" or "hang up in FOLDER"; files elsewhere are as ever. Where KLXCTL_TEST_STATVFS
+// is "fail", no disk tells how full it is.
 
+#include <dlfcn.h>
+#include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -46,4 +49,16 @@ extern "C" __attribute__((visibility("default"))) int fsync(int fd) {
         return static_cast<int>(syscall(SYS_fsync, fd));
     }
     return actAs(setting.substr(0, at), fd);
+}
+
+extern "C" __attribute__((visibility("default"))) int statvfs(const char* path,
+                                                              struct statvfs* figures) {
+    const char* const setting = std::getenv("KLXCTL_TEST_STATVFS");
+    if (setting != nullptr && std::string(setting) == "fail") {
+        errno = EIO;
+        return -1;
+    }
+    using Statvfs = int (*)(const char*, struct statvfs*);
+    static const auto real = reinterpret_cast<Statvfs>(dlsym(RTLD_NEXT, "statvfs"));
+    return real(path, figures);
 }

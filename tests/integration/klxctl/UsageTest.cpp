@@ -27,8 +27,9 @@ void expectUsageError(const Outcome& outcome, const std::string& part) {
 } // namespace
 
 TEST_F(KlxctlTest, HelpNamesEveryCommandAndEveryExitStatus) {
-    expectHelp(run({"--help"}), {"Usage: klxctl", "get ", "set ", "dump ", "0 done",
-                                 "1 the operation", "2 wrong arguments", "3 the set", "KLX_LOG"});
+    expectHelp(run({"--help"}),
+               {"Usage: klxctl", "get ", "set ", "dump ", "stat ", "fms ", "0 done",
+                "1 the operation", "2 wrong arguments", "3 the set", "KLX_LOG"});
     EXPECT_EQ(run({"-h"}).output, run({"--help"}).output);
 }
 
@@ -38,6 +39,10 @@ TEST_F(KlxctlTest, HelpOfACommandTellsItsArguments) {
     expectHelp(run({"dump", "--help"}),
                {"Usage: klxctl dump", "CATEGORY[/PATH]", "--format", "-o,--output FILE", "\"*\"",
                 "General & Privacy", "Connection"});
+    expectHelp(run({"stat", "--help"}), {"Usage: klxctl stat", "--json", "--watch SECONDS"});
+    expectHelp(run({"fms", "--help"}), {"Usage: klxctl fms", "get ", "set "});
+    expectHelp(run({"fms", "get", "--help"}), {"Usage: klxctl fms get", "KEY", "--type TYPE"});
+    expectHelp(run({"fms", "set", "--help"}), {"Usage: klxctl fms set", "KEY VALUE", "_ / : + -"});
 }
 
 TEST_F(KlxctlTest, VersionIsTheProjects) {
@@ -49,7 +54,9 @@ TEST_F(KlxctlTest, HelpNeedsNoPlatform) {
 }
 
 TEST_F(KlxctlTest, NoCommandIsAnErrorThatNamesTheCommands) {
-    expectUsageError(run({}), "no command is given; write get, set or dump");
+    expectUsageError(run({}), "no command is given; write get, set, dump");
+    expectUsageError(run({"fms"}),
+                     "no command is given; write get or set\nSee \"klxctl fms --help");
 }
 
 TEST_F(KlxctlTest, AnUnknownCommandIsTold) {
@@ -65,6 +72,7 @@ TEST_F(KlxctlTest, MissingArgumentsAreNamed) {
     expectUsageError(run({"set"}), "PATH is required");
     expectUsageError(run({"set", number}), "VALUE is required");
     expectUsageError(run({"set", number}), "klxctl set --help");
+    expectUsageError(run({"fms", "set", "key"}), "klxctl fms set --help");
 }
 
 TEST_F(KlxctlTest, AValueThatLooksLikeAnOptionIsExplained) {
@@ -87,9 +95,12 @@ TEST_F(KlxctlTest, AnEmptyFileNameIsAnError) {
 
 TEST_F(KlxctlTest, TheManualTellsEveryCommandOptionAndStatus) {
     const std::string manual = contentOf(KLXCTL_MANUAL);
-    for (const char* part : {".SS get", ".SS set", ".SS dump", "\\-\\-format", "\\-\\-output",
-                             "\\-\\-help", "\\-\\-version", ".B 0", ".B 1", ".B 2", ".B 3",
-                             "SIGPIPE", "KLX_STATE_DIR", "KLX_PROFILE", "KLX_LOG"}) {
+    for (const char* part :
+         {".SS get",     ".SS set",      ".SS dump",      ".SS stat",      ".SS fms get",
+          ".SS fms set", "\\-\\-format", "\\-\\-output",  "\\-\\-json",    "\\-\\-watch",
+          "\\-\\-type",  "\\-\\-help",   "\\-\\-version", ".B 0",          ".B 1",
+          ".B 2",        ".B 3",         "SIGPIPE",       "KLX_STATE_DIR", "KLX_PROFILE",
+          "KLX_LOG"}) {
         EXPECT_THAT(manual, HasSubstr(part));
     }
 }
