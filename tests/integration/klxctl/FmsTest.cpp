@@ -70,7 +70,7 @@ TEST_F(FmsTest, GetFailsForAnUnknownKeyAnotherTypeAndAnEmptyText) {
 
 TEST_F(FmsTest, GetRefusesAnUnknownType) {
     for (const char* type : {"", "integer", "String"}) {
-        const Outcome outcome = run({"fms", "get", "a/text", std::string("--type=") + type});
+        const Outcome outcome = run({"fms", "get", "a/text", "--type", type});
         EXPECT_EQ(outcome.status, 2) << type;
         EXPECT_THAT(outcome.messages, HasSubstr("there is no type \"" + std::string(type) +
                                                 "\"; write string, bool or int"));
