@@ -50,11 +50,19 @@ int forwarded(const char* operation, Forward forward) noexcept {
     }
 }
 
-std::string keyOf(const std::string& menu, const std::string& property) {
-    return "/" + menu + "/" + property;
+std::string joined(const std::string& path, const std::string& name) {
+    std::string longer;
+    longer.reserve(path.size() + 1 + name.size());
+    return longer.append(path).append(1, '/').append(name);
 }
 
-bool contains(const std::string& text, const std::string& part) {
+std::string keyOf(const std::string& menu, const std::string& property) {
+    std::string key;
+    key.reserve(menu.size() + property.size() + 2);
+    return key.append(1, '/').append(menu).append(1, '/').append(property);
+}
+
+bool contains(const std::string& text, std::string_view part) {
     return text.find(part) != std::string::npos;
 }
 
@@ -96,6 +104,32 @@ std::string jsonDefault(const PropertyAccessor& accessor) {
     }
     KLX_LOG_AS(operation, LogDebug, "There is NO fixed default value.");
     return jsonValue(std::get<defaultGetterElement>(accessor), "Exception: caught");
+}
+
+/// What the JSON document holds of one property.
+struct JsonAnswers {
+    std::string defaultText;
+    std::string value;
+};
+
+JsonAnswers jsonAnswers(const PropertyAccessor& accessor) {
+    // Asked in this order.
+    std::string defaultText = jsonDefault(accessor);
+    return {std::move(defaultText),
+            jsonValue(std::get<valueGetterElement>(accessor), "Exception caught")};
+}
+
+// Names that no member takes a copy of.
+const Json::StaticString defaultMember("Default");
+const Json::StaticString valueMember("Value");
+
+void setAnswers(Json::Value& entry, const JsonAnswers& answers) {
+    entry[defaultMember] = documentText(answers.defaultText);
+    entry[valueMember] = documentText(answers.value);
+}
+
+const Json::Value* memberOf(const Json::Value& object, std::string_view name) {
+    return object.find(name.data(), name.data() + name.size());
 }
 
 /// @throws KLX::Exception, so that one odd member is logged and costs nothing else
@@ -401,13 +435,13 @@ void CDeviceInfoManager::m_getPropValue(xmlNodePtr parent, const std::string& tr
 }
 
 xmlNodePtr CDeviceInfoManager::createTree(xmlNodePtr parent, const std::string& fullPath,
-                                          const std::string& remaining) {
+                                          std::string_view remaining) {
     const PathSegment segment = firstSegment(remaining, fullPath);
     const std::string name = documentText(segment.name);
     xmlNodePtr element = childNamed(parent, name);
     if (element == nullptr) {
         KLX_LOG(LogDebug, "Creating %s", segment.name.c_str());
-        element = addElement(parent, remaining == fullPath ? "menu" : "property");
+        element = addElement(parent, remaining.size() == fullPath.size() ? "menu" : "property");
         setAttribute(element, "name", name);
         XmlDocumentIndex::of(element)->add(element);
     }
@@ -421,11 +455,9 @@ void CDeviceInfoManager::prepareDeviceInfoData(Request& request, std::string& da
     KLX_LOG(LogDebug, "prepareDeviceInfoData");
     Json::Value root;
     for (const auto& [category, paths] : request) {
-        const std::size_t cut = category.size() + 2;
-        const auto add = [&, &menu = category](const std::string& key, const PropertyAccessor&) {
-            if (key.size() >= cut) {
-                addProperty(menu, key.substr(cut), root);
-            }
+        const auto add = [&, &menu = category](const std::string& key,
+                                               const PropertyAccessor& accessor) {
+            addVisited(menu, key, accessor, root);
         };
         for (const std::string& path : paths) {
             if (path == wholeOf) {
@@ -436,6 +468,22 @@ void CDeviceInfoManager::prepareDeviceInfoData(Request& request, std::string& da
         }
     }
     data = Json::writeString(Json::StreamWriterBuilder(), root);
+}
+
+void CDeviceInfoManager::addVisited(const std::string& category, const std::string& key,
+                                    const PropertyAccessor& accessor, Json::Value& root) {
+    const std::size_t cut = category.size() + 2;
+    if (key.size() < cut) {
+        return;
+    }
+    const std::string property = key.substr(cut);
+    // Behind a mere prefix the composed key is another one.
+    if (key[cut - 1] == '/' && !contains(property, sourceConnect)) {
+        const JsonAnswers answers = jsonAnswers(accessor);
+        setAnswers(root[documentText(category)][documentText(property)], answers);
+    } else {
+        addProperty(category, property, root);
+    }
 }
 
 void CDeviceInfoManager::addProperty(const std::string& category, const std::string& property,
@@ -460,15 +508,11 @@ void CDeviceInfoManager::m_getPropValue(std::string menu, std::string property, 
         KLX_LOG(LogWarning, "key=[%s] does not exist", key.c_str());
         return;
     }
-    const std::string defaultText = jsonDefault(*accessor);
-    const std::string value =
-        jsonValue(std::get<valueGetterElement>(*accessor), "Exception caught");
-
-    Json::Value& node = root[documentText(menu)][documentText(property)];
+    const JsonAnswers answers = jsonAnswers(*accessor);
+    Json::Value& node = root[documentText(std::move(menu))][documentText(std::move(property))];
     Json::Value& entry = isSource ? node[documentText(device)] : node;
-    entry["Default"] = documentText(defaultText);
-    entry["Value"] = documentText(value);
-    if (isSource && contains(device, "USB") && value == "1") {
+    setAnswers(entry, answers);
+    if (isSource && contains(device, "USB") && answers.value == "1") {
         entry["vendor"]["Default"] = "0";
         entry["vendor"]["Value"] =
             documentText(CDeviceProperty::GetInstance()->getUSBDetail(device));
@@ -516,8 +560,8 @@ int CDeviceInfoManager::restore(xmlNodePtr first, const std::string& prefix,
         if (element->type != XML_ELEMENT_NODE) {
             continue;
         }
-        const std::string path =
-            prefix + "/" + withDoubledSlashes(KLXCommonUtil::xmlGetAttribute(element, "name"));
+        std::string path =
+            joined(prefix, withDoubledSlashes(KLXCommonUtil::xmlGetAttribute(element, "name")));
         if (isNamed(element, "menu") || isNamed(element, "property")) {
             const int below = restore(element->children, path, only);
             leaves += below;
@@ -531,7 +575,7 @@ int CDeviceInfoManager::restore(xmlNodePtr first, const std::string& prefix,
     return leaves;
 }
 
-void CDeviceInfoManager::restoreLeaf(xmlNodePtr element, std::string path,
+void CDeviceInfoManager::restoreLeaf(xmlNodePtr element, std::string& path,
                                      const std::string& only) {
     constexpr const char* operation = "restore";
     if (xmlHasProp(element, reinterpret_cast<const xmlChar*>("value")) == nullptr) {
@@ -561,14 +605,8 @@ void CDeviceInfoManager::parseJsonData(Json::Value& root) {
                 restore(menus[menu], menu, path.substr(slash + 1));
             }
         }
-        for (const std::string& menu : menus.getMemberNames()) {
-            KLX_LOG(LogInfo, "menu=[%s]", menu.c_str());
-            if (!menus[menu].isObject()) {
-                continue;
-            }
-            for (const std::string& property : menus[menu].getMemberNames()) {
-                restore(menus[menu], menu, property);
-            }
+        for (auto menu = menus.begin(); menu != menus.end(); ++menu) {
+            restoreMenu(*menu, menu.name());
         }
     } catch (const std::exception& error) {
         KLX_LOG(LogWarning, "exception: [%s]", error.what());
@@ -577,36 +615,52 @@ void CDeviceInfoManager::parseJsonData(Json::Value& root) {
     }
 }
 
+void CDeviceInfoManager::restoreMenu(const Json::Value& menuNode, const std::string& menu) {
+    KLX_LOG_AS("parseJsonData", LogInfo, "menu=[%s]", menu.c_str());
+    if (!menuNode.isObject()) {
+        return;
+    }
+    for (auto property = menuNode.begin(); property != menuNode.end(); ++property) {
+        restoreProperty(*property, keyOf(menu, property.name()), property.name() == sourceConnect);
+    }
+}
+
 void CDeviceInfoManager::restore(const Json::Value& menuNode, const std::string& menu,
                                  const std::string& property) {
     try {
-        requireObject(menuNode);
-        if (!menuNode.isMember(property)) {
-            return;
-        }
-        const Json::Value& node = requireObject(menuNode[property]);
-        const std::string key = keyOf(menu, property);
-        if (property != sourceConnect) {
-            restoreValue(node, key);
-            return;
-        }
-        for (const std::string& device : node.getMemberNames()) {
-            restoreValue(node[device], key + "/" + device);
+        if (const Json::Value* const node = memberOf(requireObject(menuNode), property)) {
+            restoreProperty(*node, keyOf(menu, property), property == sourceConnect);
         }
     } catch (const std::exception& error) {
         KLX_LOG(LogWarning, "exception: [%s]", error.what());
     }
 }
 
+void CDeviceInfoManager::restoreProperty(const Json::Value& node, std::string key, bool isSource) {
+    constexpr const char* operation = "restore";
+    try {
+        if (!isSource) {
+            restoreValue(node, std::move(key));
+            return;
+        }
+        for (const std::string& device : requireObject(node).getMemberNames()) {
+            restoreValue(node[device], key + "/" + device);
+        }
+    } catch (const std::exception& error) {
+        KLX_LOG_AS(operation, LogWarning, "exception: [%s]", error.what());
+    }
+}
+
 void CDeviceInfoManager::restoreValue(const Json::Value& node, std::string key) {
     constexpr const char* operation = "restore";
     try {
-        if (!requireObject(node).isMember("Value")) {
+        const Json::Value* const held = memberOf(requireObject(node), "Value");
+        if (held == nullptr) {
             KLX_LOG_AS(operation, LogInfo, "Path does not contain attribute value: %s",
                        key.c_str());
             return;
         }
-        std::string value = node["Value"].asString();
+        std::string value = held->asString();
         propertySet(key, value);
     } catch (const std::exception& error) {
         KLX_LOG_AS(operation, LogWarning, "exception: [%s]", error.what());

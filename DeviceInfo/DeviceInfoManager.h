@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 struct _xmlNode;
@@ -178,10 +179,11 @@ private:
     void prepareXMLData(Request& request, std::string& data);
     void m_getPropValue(_xmlNode* parent, const std::string& treePath, const std::string& key,
                         const PropertyAccessor& accessor);
-    _xmlNode* createTree(_xmlNode* parent, const std::string& fullPath,
-                         const std::string& remaining);
+    _xmlNode* createTree(_xmlNode* parent, const std::string& fullPath, std::string_view remaining);
 
     void prepareDeviceInfoData(Request& request, std::string& data);
+    void addVisited(const std::string& category, const std::string& key,
+                    const PropertyAccessor& accessor, Json::Value& root);
     void addProperty(const std::string& category, const std::string& property, Json::Value& root);
     void m_getPropValue(std::string menu, std::string property, Json::Value& root,
                         std::string device);
@@ -189,9 +191,11 @@ private:
 
     void restoreXml(const std::string& data);
     int restore(_xmlNode* first, const std::string& prefix, const std::string& only);
-    void restoreLeaf(_xmlNode* element, std::string path, const std::string& only);
+    void restoreLeaf(_xmlNode* element, std::string& path, const std::string& only);
     void parseJsonData(Json::Value& root);
     void restore(const Json::Value& menuNode, const std::string& menu, const std::string& property);
+    void restoreMenu(const Json::Value& menuNode, const std::string& menu);
+    void restoreProperty(const Json::Value& node, std::string key, bool isSource);
     void restoreValue(const Json::Value& node, std::string key);
 
     const std::unique_ptr<PropertyAccessorMap> m_properties;

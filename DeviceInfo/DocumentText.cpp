@@ -1,5 +1,6 @@
 #include "DocumentText.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace {
@@ -54,9 +55,20 @@ bool fitsXml(std::uint32_t code) {
            (code >= 0x10000 && code <= 0x10FFFF);
 }
 
+/// Most texts are such; they need not be taken apart.
+bool isPlainText(const std::string& text) {
+    return std::all_of(text.begin(), text.end(), [](char character) {
+        const auto byte = static_cast<std::uint8_t>(character);
+        return byte < 0x80 && fitsXml(byte);
+    });
+}
+
 } // namespace
 
-std::string documentText(const std::string& text) {
+std::string documentText(std::string text) {
+    if (isPlainText(text)) {
+        return text;
+    }
     std::string result;
     result.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 /// The first segment of a property path.
 struct PathSegment {
@@ -13,10 +14,10 @@ struct PathSegment {
 /// @param fullPath  the whole path, for the message
 /// @throws KLX::Exception "Invalid property name: " and the whole path when there is no leading
 ///         slash; "Regex search failed", "Regex replace failed"
-PathSegment firstSegment(const std::string& remaining, const std::string& fullPath);
+PathSegment firstSegment(std::string_view remaining, const std::string& fullPath);
 
 /// @return the segment's name as it stands in a path, with each slash doubled
-std::string withDoubledSlashes(const std::string& name);
+std::string withDoubledSlashes(std::string name);
 
 /// @return the device that the name of a USB property speaks of: the part behind its first slash up
 ///         to the next one; a name without a slash is its own device

@@ -9,6 +9,7 @@
 
 #include <climits>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -57,6 +58,7 @@ xmlNodePtr addElement(xmlNodePtr parent, const char* name) {
     return required(xmlNewChild(parent, nullptr, xmlText(name), nullptr));
 }
 
-void setAttribute(xmlNodePtr element, const char* name, const std::string& value) {
-    required(KLXCommonUtil::xmlSetAttribute(element, name, documentText(value).c_str()));
+void setAttribute(xmlNodePtr element, const char* name, std::string value) {
+    const std::string text = documentText(std::move(value));
+    required(KLXCommonUtil::xmlSetAttribute(element, name, text.c_str()));
 }

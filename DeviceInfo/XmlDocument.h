@@ -28,4 +28,4 @@ xmlNodePtr addElement(xmlNodePtr parent, const char* name);
 
 /// Sets an attribute to the text, made fit for XML where it is not.
 /// @throws std::bad_alloc
-void setAttribute(xmlNodePtr element, const char* name, const std::string& value);
+void setAttribute(xmlNodePtr element, const char* name, std::string value);

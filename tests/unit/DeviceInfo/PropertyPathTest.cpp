@@ -1,7 +1,10 @@
 #include "PropertyPath.h"
 #include "Thrown.h"
 
+#include <boost/regex.hpp>
 #include <gtest/gtest.h>
+
+#include <random>
 
 using namespace klx::test;
 
@@ -42,5 +45,48 @@ TEST_P(BadPropertyPathTest, ThrowsTheWholePath) {
 
 INSTANTIATE_TEST_SUITE_P(Paths, BadPropertyPathTest,
                          ::testing::Values("", "Picture", "Picture/Mode", "a\n/b", "\n/b", " /a"));
+
+/** What the regular expression says that a segment is. */
+PathSegment searched(const std::string& remaining) {
+    static const boost::regex segment("^/(([^/]+|[/]{2})*)");
+    boost::smatch match;
+    EXPECT_TRUE(boost::regex_search(remaining, match, segment, boost::match_continuous));
+    return {boost::regex_replace(match.str(1), boost::regex("//"), "/"),
+            static_cast<std::size_t>(match.length(0))};
+}
+
+void expectWhatASearchGives(const std::string& remaining) {
+    const PathSegment expected = searched(remaining);
+    const PathSegment segment = firstSegment(remaining, "");
+    EXPECT_EQ(segment.name, expected.name);
+    EXPECT_EQ(segment.length, expected.length);
+}
+
+TEST(AnyPropertyPathTest, IsSplitAsTheExpressionSays) {
+    std::mt19937 random(1);
+    const std::string characters("///aa\n\0\xC3.", 10);
+    for (int count = 0; count < 5000; ++count) {
+        std::string remaining = "/";
+        for (auto length = random() % 12; length > 0; --length) {
+            remaining += characters[random() % characters.size()];
+        }
+        expectWhatASearchGives(remaining);
+    }
+}
+
+TEST(AnyPropertyPathTest, IsSplitAlikeWhateverItsLength) {
+    for (const std::size_t length : {1022, 1023, 1024, 1025, 1026, 2000}) {
+        std::string slashes = "/";
+        std::string mixed = "/";
+        while (mixed.size() < length) {
+            slashes += "/";
+            mixed += mixed.size() % 3 == 1 ? 'a' : '/';
+        }
+        expectWhatASearchGives(slashes);
+        expectWhatASearchGives(mixed);
+        expectWhatASearchGives("/" + std::string(length - 1, 'a'));
+        expectWhatASearchGives("/" + std::string(length - 3, 'a') + "/b");
+    }
+}
 
 } // namespace
