@@ -75,7 +75,7 @@ TEST(AnyPropertyPathTest, IsSplitAsTheExpressionSays) {
 }
 
 TEST(AnyPropertyPathTest, IsSplitAlikeWhateverItsLength) {
-    for (const std::size_t length : {1022, 1023, 1024, 1025, 1026, 2000}) {
+    for (const std::size_t length : {1022U, 1023U, 1024U, 1025U, 1026U, 2000U}) {
         std::string slashes = "/";
         std::string mixed = "/";
         while (mixed.size() < length) {
