@@ -9,7 +9,7 @@ packages_build="
     libgtest-dev libgmock-dev libbenchmark-dev libumockdev-dev umockdev libpulse-dev pulseaudio pulseaudio-utils iproute2"
 packages_tidy="clang clang-tidy"
 packages_fuzz="clang libclang-rt-14-dev"
-packages_checks="$packages_tidy $packages_fuzz clang-format valgrind"
+packages_checks="$packages_tidy $packages_fuzz clang-format valgrind doxygen zsh"
 
 missing_packages() {
     dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |

@@ -21,3 +21,4 @@ void addSetCommand(CLI::App& app, Command& chosen);
 void addDumpCommand(CLI::App& app, Command& chosen);
 void addStatCommand(CLI::App& app, Command& chosen);
 void addFmsCommand(CLI::App& app, Command& chosen);
+void addCompleteCommand(CLI::App& app, Command& chosen);

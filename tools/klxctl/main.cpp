@@ -26,6 +26,7 @@ void declare(CLI::App& app, Command& chosen) {
     addDumpCommand(app, chosen);
     addStatCommand(app, chosen);
     addFmsCommand(app, chosen);
+    addCompleteCommand(app, chosen);
 }
 
 /// The command that the arguments name, or the tool itself when they name none.

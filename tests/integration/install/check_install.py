@@ -79,6 +79,14 @@ class InstalledTree:
         document = output_of(str(self.prefix / "bin/klxctl"), "dump")
         return [] if document.startswith("<?xml") else ["klxctl dump printed no document"]
 
+    def CompletionsAreWhereShellsLook(self):
+        places = {"share/bash-completion/completions/klxctl": "klxctl.bash",
+                  "share/zsh/site-functions/_klxctl": "_klxctl"}
+        written = self.source / "tools/klxctl/completion"
+        return [f"{place} is not {name}" for place, name in places.items()
+                if not (self.prefix / place).is_file()
+                or (self.prefix / place).read_bytes() != (written / name).read_bytes()]
+
 
 def differences(wanted, found, what):
     return [f"{what} missing: {name}" for name in sorted(wanted - found)] + \

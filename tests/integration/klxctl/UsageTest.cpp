@@ -96,11 +96,11 @@ TEST_F(KlxctlTest, AnEmptyFileNameIsAnError) {
 TEST_F(KlxctlTest, TheManualTellsEveryCommandOptionAndStatus) {
     const std::string manual = contentOf(KLXCTL_MANUAL);
     for (const char* part :
-         {".SS get",     ".SS set",      ".SS dump",      ".SS stat",      ".SS fms get",
-          ".SS fms set", "\\-\\-format", "\\-\\-output",  "\\-\\-json",    "\\-\\-watch",
-          "\\-\\-type",  "\\-\\-help",   "\\-\\-version", ".B 0",          ".B 1",
-          ".B 2",        ".B 3",         "SIGPIPE",       "KLX_STATE_DIR", "KLX_PROFILE",
-          "KLX_LOG"}) {
+         {".SS get",     ".SS set",      ".SS dump",     ".SS stat",      ".SS fms get",
+          ".SS fms set", ".SS complete", "\\-\\-format", "\\-\\-output",  "\\-\\-json",
+          "\\-\\-watch", "\\-\\-type",   "\\-\\-help",   "\\-\\-version", ".B 0",
+          ".B 1",        ".B 2",         ".B 3",         "SIGPIPE",       "KLX_STATE_DIR",
+          "KLX_PROFILE", "KLX_LOG"}) {
         EXPECT_THAT(manual, HasSubstr(part));
     }
 }
