@@ -62,6 +62,8 @@ public:
                                                std::string& propertyValue);
 
     /// Changes one property.
+    /// @param menuItemName  category, as for `GetDevicePropertyValue`
+    /// @param propertyName  path within the category
     /// @param propertyValue the new value as text
     /// @return true, also for an unknown or read-only property and for a value that the platform
     ///         refuses; read the property back to see what it holds
@@ -78,6 +80,7 @@ public:
     ///                 Unknown paths are left out.
     /// @param data     receives the document (UTF-8)
     /// @param filePath a file to write the document to as well; none when empty
+    /// @param format   the document's form
     /// @return false when the format is unknown, the document cannot be built or the file cannot be
     ///         written; @p data then holds what it was given before the failure
     /// @code

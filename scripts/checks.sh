@@ -1,4 +1,4 @@
-# Checks of the sources that need no test run.
+# Checks of the sources that need no test run, and what is made of their comments.
 # shellcheck disable=SC2086  # the list of folders is split into words
 
 source_folders="common DeviceInfo platform tools tests bench fuzz"
@@ -26,4 +26,15 @@ tidy_sources() {
     run-clang-tidy -quiet -p build/dev -j "$(jobs)" \
         "^$PWD/(common|DeviceInfo|platform|tools|tests/fake)/" ||
         fail "clang-tidy found something; .clang-tidy tells what is looked for"
+}
+
+# The headers that users and porters read; a word that doxygen has to say about them is an error.
+make_api_reference() {
+    say "making the API reference"
+    headers=$(tr '\n' ' ' <cmake/public-headers.txt)
+    rm -rf build/docs
+    mkdir -p build
+    { cat docs/Doxyfile && echo "INPUT = $headers platform/include"; } | doxygen - ||
+        fail "the comments named above need mending"
+    say "the API reference is build/docs/html/index.html"
 }

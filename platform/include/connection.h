@@ -101,9 +101,10 @@ int connection_get_current_profile(connection_h connection, connection_profile_h
 /**
  * Starts a walk.
  *
- * @param kind      registered (0): every profile the set has been given
- * @param iterator  receives the walk, placed before the first profile; the caller gives it back
- *                  with `connection_destroy_profile_iterator`
+ * @param connection  the caller's connection
+ * @param kind        registered (0): every profile the set has been given
+ * @param iterator    receives the walk, placed before the first profile; the caller gives it back
+ *                    with `connection_destroy_profile_iterator`
  */
 int connection_get_profile_iterator(connection_h connection, connection_iterator_type_e kind,
                                     connection_profile_iterator_h* iterator);

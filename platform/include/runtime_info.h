@@ -32,6 +32,7 @@ int runtime_info_get_value_double(runtime_info_key_e key, double* value);
 /**
  * Reads a text.
  *
+ * @param key    number of the state
  * @param value  receives a text allocated with `malloc` that the caller frees, or NULL
  */
 int runtime_info_get_value_string(runtime_info_key_e key, char** value);

@@ -27,6 +27,7 @@ int system_info_get_value_int(system_info_key_e key, int* value);
 /**
  * Reads a text.
  *
+ * @param key    number of the fact
  * @param value  receives a text allocated with `malloc` that the caller frees, or NULL for a fact
  *               that is known to be without a text
  */

@@ -27,6 +27,7 @@ int system_settings_get_value_int(system_settings_key_e key, int* value);
 /**
  * Reads a text.
  *
+ * @param key    number of the setting
  * @param value  receives a text allocated with `malloc` that the caller frees, or NULL when the
  *               setting was never given one
  */
