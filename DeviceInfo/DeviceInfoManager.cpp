@@ -17,6 +17,7 @@
 #include <libxml/parser.h>
 
 #include <climits>
+#include <sstream>
 
 std::atomic<CDeviceInfoManager*> CDeviceInfoManager::m_pDeviceInfoManager{nullptr};
 boost::mutex CDeviceInfoManager::m_mutex;
@@ -130,6 +131,15 @@ void setAnswers(Json::Value& entry, const JsonAnswers& answers) {
 
 const Json::Value* memberOf(const Json::Value& object, std::string_view name) {
     return object.find(name.data(), name.data() + name.size());
+}
+
+/// What `Json::writeString` gives, but for want of memory that would give the half that is written.
+std::string textOf(const Json::Value& root) {
+    std::ostringstream text;
+    text.exceptions(std::ios_base::failbit | std::ios_base::badbit);
+    const std::unique_ptr<Json::StreamWriter> writer(Json::StreamWriterBuilder().newStreamWriter());
+    writer->write(root, &text);
+    return text.str();
 }
 
 /// @throws KLX::Exception, so that one odd member is logged and costs nothing else
@@ -467,7 +477,7 @@ void CDeviceInfoManager::prepareDeviceInfoData(Request& request, std::string& da
             }
         }
     }
-    data = Json::writeString(Json::StreamWriterBuilder(), root);
+    data = textOf(root);
 }
 
 void CDeviceInfoManager::addVisited(const std::string& category, const std::string& key,
@@ -538,6 +548,8 @@ bool CDeviceInfoManager::createJsonNode(std::string& text, Json::Value& root) {
 void CDeviceInfoManager::restoreXml(const std::string& data) {
     const auto noise = KLX::XmlErrorScope::toLog();
     const XmlDocument document = parseXmlDocument(data);
+    // The parser calls a document well-formed whose rest it had no memory for.
+    noise.requireMemory();
     const xmlNodePtr root = xmlDocGetRootElement(document.get());
     for (xmlNodePtr node = root->children; node != nullptr; node = node->next) {
         if (node->type != XML_ELEMENT_NODE || !isNamed(node, "deviceInfo")) {

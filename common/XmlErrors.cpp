@@ -4,19 +4,23 @@
 
 #include <libxml/globals.h>
 
+#include <cstring>
 #include <new>
-#include <string>
 
 namespace KLX {
 
 namespace {
 
-std::string messageOf(const xmlError* error) {
-    std::string text = error != nullptr && error->message != nullptr ? error->message : "";
-    while (!text.empty() && text.back() == '\n') {
-        text.pop_back();
+const char* messageOf(const xmlError* error) {
+    return error != nullptr && error->message != nullptr ? error->message : "";
+}
+
+int lengthWithoutLineEnd(const char* message) {
+    std::size_t length = std::strlen(message);
+    while (length > 0 && message[length - 1] == '\n') {
+        --length;
     }
-    return text;
+    return static_cast<int>(length);
 }
 
 void ignoreXmlError(void*, xmlErrorPtr) {}
@@ -52,7 +56,9 @@ void XmlErrorScope::log(void* scope, xmlErrorPtr error) {
     if (error != nullptr && error->code == XML_ERR_NO_MEMORY) {
         static_cast<XmlErrorScope*>(scope)->m_ranOutOfMemory = true;
     }
-    KLX_LOG_AS("logXmlError", LogDebug, "%s", messageOf(error).c_str());
+    // No copy: an exception for want of memory would pass through libxml2's own functions.
+    const char* const message = messageOf(error);
+    KLX_LOG_AS("logXmlError", LogDebug, "%.*s", lengthWithoutLineEnd(message), message);
 }
 
 } // namespace KLX
