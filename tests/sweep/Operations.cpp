@@ -38,15 +38,15 @@ PreparedCall writing(const std::string& path) {
     };
 }
 
-PreparedCall dumping(Request request, Format format, const std::string& file = "") {
-    return [request = std::move(request), format, file](Answer& answer) mutable {
+PreparedCall dumping(Request request, Format format, std::string file = "") {
+    return [request = std::move(request), format, file = std::move(file)](Answer& answer) mutable {
         answer.done = CDeviceInfoManager::GetDeviceInfo(std::move(request), answer.text,
                                                         std::move(file), format);
     };
 }
 
-PreparedCall restoring(const std::string& document, Format format) {
-    return [document, format](Answer& answer) mutable {
+PreparedCall restoring(std::string document, Format format) {
+    return [document = std::move(document), format](Answer& answer) mutable {
         answer.done = CDeviceInfoManager::SetDeviceInfo(std::move(document), format);
     };
 }
@@ -112,8 +112,8 @@ PreparedCall diagnosing(Ask ask) {
     };
 }
 
-PreparedCall readingFeature(const std::string& name, const std::string& type) {
-    return [name, type](Answer& answer) mutable {
+PreparedCall readingFeature(std::string name, std::string type) {
+    return [name = std::move(name), type = std::move(type)](Answer& answer) mutable {
         answer.text = CDeviceInfoManager::getFMSvalue(std::move(name), std::move(type));
         answer.done = !answer.text.empty();
     };
