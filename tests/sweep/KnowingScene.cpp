@@ -40,7 +40,39 @@ int firstNumberIn(const std::string& call) {
     return std::atoi(call.c_str() + call.find('(') + 1);
 }
 
+void programPicture(fake::Scene& scene) {
+    const std::string read = "pelm_get_";
+    for (const std::string& function : fake::functions()) {
+        if (startsWith(function, read)) {
+            scene.pelm(function.substr(read.size()), 1)
+                .pelmDefault(function.substr(read.size()), 1);
+        }
+    }
+    scene.muted(true).speaker(1).settingsItem("autorun-multiview-rotating", 1);
+    scene.source(13).hdmi("vendor", "product").pictureSize(1).snr(2534);
+}
+
+void programNetwork(fake::Scene& scene) {
+    scene.connectionType(3).currentProfile(home()).registeredProfile(home());
+    scene.mac(1, "02:00:00:00:00:01").mac(2, "02:00:00:00:00:02").mac(3, "02:00:00:00:00:03");
+    scene.wifiState(2).cellularState(5).ethernetState(2).wifi(1).wakeOnMobile(true);
+}
+
+void programOthers(fake::Scene& scene) {
+    scene.cec(1).powerFailCount(1).watchdogCount(1).usedMemory("123456 kB");
+    scene.usbDevices({{"stick", "maker"}, {"disk", "builder"}});
+    scene.appVersion("10140000000", "5.0.1").hubSite("prd-eu").esn("an ESN");
+    scene.systemSetting(10008, 1);
+    scene.feature(textFeature, "a text of more than a few letters").feature(numberFeature, 1);
+}
+
 } // namespace
+
+void programServices(fake::Scene& scene) {
+    programPicture(scene);
+    programNetwork(scene);
+    programOthers(scene);
+}
 
 std::vector<std::string> allPaths() {
     std::vector<std::string> paths;
@@ -52,9 +84,7 @@ std::vector<std::string> allPaths() {
 
 // The properties themselves tell what they ask for.
 KnowingScene::KnowingScene() {
-    knowPicture();
-    knowNetwork();
-    knowServices();
+    programServices(m_scene);
     fake::clearHistory();
     for (const auto& [path, record] : catalogue()) {
         std::get<valueGetterElement>(record)("");
@@ -67,32 +97,6 @@ KnowingScene::KnowingScene() {
     }
     joinWhatIsWrittenToWhatIsRead();
     fake::clearHistory();
-}
-
-void KnowingScene::knowPicture() {
-    const std::string read = "pelm_get_";
-    for (const std::string& function : fake::functions()) {
-        if (startsWith(function, read)) {
-            m_scene.pelm(function.substr(read.size()), 1)
-                .pelmDefault(function.substr(read.size()), 1);
-        }
-    }
-    m_scene.muted(true).speaker(1).settingsItem("autorun-multiview-rotating", 1);
-    m_scene.source(13).hdmi("vendor", "product").pictureSize(1).snr(2534);
-}
-
-void KnowingScene::knowNetwork() {
-    m_scene.connectionType(3).currentProfile(home()).registeredProfile(home());
-    m_scene.mac(1, "02:00:00:00:00:01").mac(2, "02:00:00:00:00:02").mac(3, "02:00:00:00:00:03");
-    m_scene.wifiState(2).cellularState(5).ethernetState(2).wifi(1).wakeOnMobile(true);
-}
-
-void KnowingScene::knowServices() {
-    m_scene.cec(1).powerFailCount(1).watchdogCount(1).usedMemory("123456 kB");
-    m_scene.usbDevices({{"stick", "maker"}, {"disk", "builder"}});
-    m_scene.appVersion("10140000000", "5.0.1").hubSite("prd-eu").esn("an ESN");
-    m_scene.systemSetting(10008, 1);
-    m_scene.feature(textFeature, "a text of more than a few letters").feature(numberFeature, 1);
 }
 
 void KnowingScene::withoutCurrentProfile() {

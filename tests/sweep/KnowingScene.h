@@ -11,6 +11,9 @@ namespace klx::test {
 /** The paths of the whole catalogue, in byte order. */
 std::vector<std::string> allPaths();
 
+/** Programs every service that the catalogue asks for more than values under keys. */
+void programServices(fake::Scene& scene);
+
 /**
  * A platform that has an answer to everything the catalogue asks and keeps what is written, for as
  * long as this lives: numbers are 1, flags are set, texts tell what they belong to.
@@ -25,9 +28,6 @@ public:
     void withoutCurrentProfile();
 
 private:
-    void knowPicture();
-    void knowNetwork();
-    void knowServices();
     void knowWhatIsAskedBy(const std::string& call);
     void joinWhatIsWrittenToWhatIsRead();
 
