@@ -36,6 +36,7 @@ void nameSources(Descriptions& descriptions) {
         if (found != descriptions.end() && found->path == row.path) {
             found->kind = row.binding.source().kind;
             found->key = row.binding.source().key;
+            found->isText = found->kind == "text setting";
         }
     }
 }
@@ -45,8 +46,12 @@ void nameSources(Descriptions& descriptions) {
 bool CDeviceInfoManager::DescribeProperties(std::vector<PropertyDescription>& properties) {
     try {
         Descriptions descriptions;
-        for (const auto& [path, accessor] : *instanceFor(__func__).m_properties) {
+        const CDeviceInfoManager& manager = instanceFor(__func__);
+        const std::vector<std::string>& first = manager.m_specialPaths;
+        for (const auto& [path, accessor] : *manager.m_properties) {
             descriptions.push_back(descriptionOf(path, accessor));
+            descriptions.back().isRestoredFirst =
+                std::find(first.begin(), first.end(), path) != first.end();
         }
         nameSources(descriptions);
         properties = std::move(descriptions);

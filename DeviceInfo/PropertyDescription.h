@@ -24,6 +24,14 @@ struct PropertyDescription {
     /// Whether writing the property has any effect. The platform may still refuse a value.
     bool isWritable = false;
 
+    /// Whether the value is a text of the settings store, for which the empty text is a value, too.
+    /// Of anything else an empty value tells that it could not be read.
+    bool isText = false;
+
+    /// Whether restoring applies the property before all others, because other settings and their
+    /// defaults depend on it.
+    bool isRestoredFirst = false;
+
     /// The default that is the same on every set; none when the platform is asked for it or when
     /// there is no default at all.
     std::optional<std::string> fixedDefault;

@@ -5,6 +5,7 @@
 
 using namespace klx::test;
 using ::testing::Contains;
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 namespace {
@@ -97,6 +98,22 @@ TEST_F(DescriptionTest, TellsWritableFromReadOnly) {
 TEST_F(DescriptionTest, FlagMayBeClearForWhatCanBeWritten) {
     EXPECT_TRUE(of("/Sound/Sound Output").isWritable);
     EXPECT_FALSE(of("/Sound/Sound Output").flag);
+}
+
+TEST_F(DescriptionTest, TellsWhichAreTexts) {
+    EXPECT_TRUE(of("/Broadcasting/Service Provider").isText);
+    EXPECT_FALSE(of("/Broadcasting/Apply Channel Lock").isText);
+    EXPECT_FALSE(of("/Factory/Language").isText);
+}
+
+TEST_F(DescriptionTest, TellsWhatRestoringAppliesFirst) {
+    std::vector<std::string> first;
+    for (const PropertyDescription& each : all) {
+        if (each.isRestoredFirst) {
+            first.push_back(each.path);
+        }
+    }
+    EXPECT_THAT(first, ElementsAre("/Picture/Picture Mode"));
 }
 
 TEST_F(DescriptionTest, TellsAFixedDefaultFromOneThatIsAskedForAndFromNone) {
