@@ -1,5 +1,6 @@
 #include "AtomicFile.h"
 
+#include "EndingSignals.h"
 #include "ExitStatus.h"
 #include "Messages.h"
 #include "Streams.h"
@@ -11,14 +12,11 @@
 #include <atomic>
 #include <cerrno>
 #include <climits>
-#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <utility>
 
 namespace {
-
-constexpr std::array<int, 3> endingSignals = {SIGHUP, SIGINT, SIGTERM};
 
 // What the signal handler removes; everything in it can be used from a handler.
 std::array<char, PATH_MAX> pendingPath;

@@ -21,4 +21,7 @@ void addSetCommand(CLI::App& app, Command& chosen);
 void addDumpCommand(CLI::App& app, Command& chosen);
 void addStatCommand(CLI::App& app, Command& chosen);
 void addFmsCommand(CLI::App& app, Command& chosen);
+void addRestoreCommand(CLI::App& app, Command& chosen);
+void addResetCommand(CLI::App& app, Command& chosen);
+void addDiffCommand(CLI::App& app, Command& chosen);
 void addCompleteCommand(CLI::App& app, Command& chosen);

@@ -1,16 +1,13 @@
 #include "Arguments.h"
 #include "Commands.h"
+#include "DocumentFormat.h"
 #include "DumpSelection.h"
 #include "LibraryDocument.h"
-#include "Messages.h"
 #include "OutputTarget.h"
 
-#include <map>
 #include <memory>
 
 namespace {
-
-using Format = CDeviceInfoManager::DataFormatType;
 
 const char* const details =
     "Without arguments the document holds what the library collects for \"*\": the ten categories\n"
@@ -19,11 +16,6 @@ const char* const details =
     "is\n"
     "not among them: name it to see it.";
 
-const std::map<std::string, Format> formats = {
-    {"json", CDeviceInfoManager::DATA_FORMAT_JSON},
-    {"xml", CDeviceInfoManager::DATA_FORMAT_XML},
-};
-
 struct DumpArguments {
     std::vector<std::string> selections;
     std::string format = "xml";
@@ -31,8 +23,9 @@ struct DumpArguments {
 };
 
 /// Only the XML document names every property in full, so selections are checked by that one.
-bool asksForUnknown(const DumpSelection& selection, Format format, const std::string& document) {
-    constexpr Format checked = CDeviceInfoManager::DATA_FORMAT_XML;
+bool asksForUnknown(const DumpSelection& selection, DocumentFormat format,
+                    const std::string& document) {
+    constexpr DocumentFormat checked = CDeviceInfoManager::DATA_FORMAT_XML;
     return !selection.isEverything() &&
            selection.reportUnknown(
                format == checked ? document : libraryDocument(selection.request(), checked));
@@ -40,7 +33,7 @@ bool asksForUnknown(const DumpSelection& selection, Format format, const std::st
 
 ExitStatus dump(const DumpArguments& given) {
     const DumpSelection selection(given.selections);
-    const Format format = formats.at(given.format);
+    const DocumentFormat format = formatNamed(given.format);
     std::string document = libraryDocument(selection.request(), format);
     if (asksForUnknown(selection, format, document)) {
         return ExitStatus::WrongUsage;
@@ -51,20 +44,6 @@ ExitStatus dump(const DumpArguments& given) {
     }
     writeTo(given.target, document);
     return ExitStatus::Done;
-}
-
-std::string formatNames() {
-    std::string names;
-    for (const auto& format : formats) {
-        names += (names.empty() ? "" : " or ") + format.first;
-    }
-    return names;
-}
-
-std::string checkFormat(const std::string& name) {
-    return formats.count(name) > 0
-               ? ""
-               : "there is no format " + quoted(name) + "; write " + formatNames();
 }
 
 std::string checkTarget(const std::string& name) {

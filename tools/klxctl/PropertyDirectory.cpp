@@ -1,63 +1,17 @@
 #include "PropertyDirectory.h"
 
-#include "ExitStatus.h"
 #include "LibraryDocument.h"
-
-#include <libxml/parser.h>
-#include <libxml/tree.h>
-
-#include <climits>
-#include <memory>
+#include "XmlReading.h"
 
 namespace {
-
-struct DocumentRelease {
-    void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
-};
-struct TextRelease {
-    void operator()(xmlChar* text) const { xmlFree(text); }
-};
-using Document = std::unique_ptr<xmlDoc, DocumentRelease>;
-using Text = std::unique_ptr<xmlChar, TextRelease>;
-
-const xmlChar* xmlText(const char* text) {
-    return reinterpret_cast<const xmlChar*>(text);
-}
-
-Document parse(const std::string& text) {
-    constexpr int options = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
-    Document document;
-    if (text.size() <= INT_MAX) {
-        document.reset(
-            xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, nullptr, options));
-    }
-    if (!document) {
-        throw Failure(ExitStatus::Failed, "the library's document is not well-formed XML");
-    }
-    return document;
-}
-
-std::string nameOf(const xmlNode& element) {
-    const Text name(xmlGetProp(&element, xmlText("name")));
-    return name ? reinterpret_cast<const char*>(name.get()) : "";
-}
-
-/// One element's part of a path: names carry a single slash where the path has two.
-std::string segmentOf(const xmlNode& element) {
-    std::string segment = "/";
-    for (const char character : nameOf(element)) {
-        segment.append(character == '/' ? 2 : 1, character);
-    }
-    return segment;
-}
 
 void collect(const xmlNode& parent, const std::string& prefix, std::set<std::string>& paths) {
     for (const xmlNode* child = parent.children; child != nullptr; child = child->next) {
         if (child->type != XML_ELEMENT_NODE) {
             continue;
         }
-        const std::string path = prefix + segmentOf(*child);
-        if (xmlHasProp(child, xmlText("value")) != nullptr) {
+        const std::string path = prefix + pathSegment(attributeOf(*child, "name").value_or(""));
+        if (attributeOf(*child, "value")) {
             paths.insert(path);
         }
         collect(*child, path, paths);
@@ -76,7 +30,7 @@ PropertyDirectory PropertyDirectory::ofCategory(const std::string& name) {
 }
 
 PropertyDirectory PropertyDirectory::fromDocument(const std::string& document) {
-    const Document parsed = parse(document);
+    const XmlHandle parsed = parseXml(document);
     PropertyDirectory directory;
     const xmlNode* const root = xmlDocGetRootElement(parsed.get());
     for (const xmlNode* child = root->children; child != nullptr; child = child->next) {

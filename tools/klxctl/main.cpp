@@ -26,6 +26,9 @@ void declare(CLI::App& app, Command& chosen) {
     addDumpCommand(app, chosen);
     addStatCommand(app, chosen);
     addFmsCommand(app, chosen);
+    addRestoreCommand(app, chosen);
+    addResetCommand(app, chosen);
+    addDiffCommand(app, chosen);
     addCompleteCommand(app, chosen);
 }
 

@@ -28,8 +28,8 @@ void expectUsageError(const Outcome& outcome, const std::string& part) {
 
 TEST_F(KlxctlTest, HelpNamesEveryCommandAndEveryExitStatus) {
     expectHelp(run({"--help"}),
-               {"Usage: klxctl", "get ", "set ", "dump ", "stat ", "fms ", "0 done",
-                "1 the operation", "2 wrong arguments", "3 the set", "KLX_LOG"});
+               {"Usage: klxctl", "get ", "set ", "dump ", "stat ", "fms ", "restore ", "reset ",
+                "diff ", "0 done", "1 the operation", "2 wrong arguments", "3 the set", "KLX_LOG"});
     EXPECT_EQ(run({"-h"}).output, run({"--help"}).output);
 }
 
@@ -39,6 +39,12 @@ TEST_F(KlxctlTest, HelpOfACommandTellsItsArguments) {
     expectHelp(run({"dump", "--help"}),
                {"Usage: klxctl dump", "CATEGORY[/PATH]", "--format", "-o,--output FILE", "\"*\"",
                 "General & Privacy", "Connection"});
+    expectHelp(run({"restore", "--help"}),
+               {"Usage: klxctl restore", "FILE", "--format FORMAT", "--settings-only", "--dry-run",
+                "--all-or-nothing", "--json", "Exit status 3"});
+    expectHelp(run({"reset", "--help"}), {"Usage: klxctl reset", "PATH", "--all ", "--dry-run",
+                                          "--all-or-nothing", "--json"});
+    expectHelp(run({"diff", "--help"}), {"Usage: klxctl diff", "FILE", "--json", "1 differences"});
     expectHelp(run({"stat", "--help"}), {"Usage: klxctl stat", "--json", "--watch SECONDS"});
     expectHelp(run({"fms", "--help"}), {"Usage: klxctl fms", "get ", "set "});
     expectHelp(run({"fms", "get", "--help"}), {"Usage: klxctl fms get", "KEY", "--type TYPE"});
@@ -95,12 +101,36 @@ TEST_F(KlxctlTest, AnEmptyFileNameIsAnError) {
 
 TEST_F(KlxctlTest, TheManualTellsEveryCommandOptionAndStatus) {
     const std::string manual = contentOf(KLXCTL_MANUAL);
-    for (const char* part :
-         {".SS get",     ".SS set",      ".SS dump",     ".SS stat",      ".SS fms get",
-          ".SS fms set", ".SS complete", "\\-\\-format", "\\-\\-output",  "\\-\\-json",
-          "\\-\\-watch", "\\-\\-type",   "\\-\\-help",   "\\-\\-version", ".B 0",
-          ".B 1",        ".B 2",         ".B 3",         "SIGPIPE",       "KLX_STATE_DIR",
-          "KLX_PROFILE", "KLX_LOG"}) {
+    for (const char* part : {".SS get",
+                             ".SS set",
+                             ".SS dump",
+                             ".SS stat",
+                             ".SS fms get",
+                             ".SS fms set",
+                             ".SS restore",
+                             ".SS reset",
+                             ".SS diff",
+                             ".SS complete",
+                             "\\-\\-settings\\-only",
+                             "\\-\\-dry\\-run",
+                             "\\-\\-all\\-or\\-nothing",
+                             ".B 128 + n",
+                             "NO_COLOR",
+                             "\\-\\-format",
+                             "\\-\\-output",
+                             "\\-\\-json",
+                             "\\-\\-watch",
+                             "\\-\\-type",
+                             "\\-\\-help",
+                             "\\-\\-version",
+                             ".B 0",
+                             ".B 1",
+                             ".B 2",
+                             ".B 3",
+                             "SIGPIPE",
+                             "KLX_STATE_DIR",
+                             "KLX_PROFILE",
+                             "KLX_LOG"}) {
         EXPECT_THAT(manual, HasSubstr(part));
     }
 }

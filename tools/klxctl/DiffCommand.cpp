@@ -1,0 +1,114 @@
+#include "Arguments.h"
+#include "Commands.h"
+#include "DocumentDifference.h"
+#include "InputDocument.h"
+#include "JsonText.h"
+#include "LibraryDocument.h"
+#include "Messages.h"
+#include "PathParts.h"
+#include "Progress.h"
+#include "Streams.h"
+#include "Table.h"
+
+#include <json/value.h>
+#include <unistd.h>
+
+#include <memory>
+
+namespace {
+
+const char* const details =
+    "Compares a document with what the set holds now, or two documents with each other; each may "
+    "be\n"
+    "XML or JSON. The set is asked for what the document tells of, and for nothing else. Exit "
+    "status:\n"
+    "0 no difference, 1 differences, 2 wrong arguments or trouble.";
+
+struct DiffArguments {
+    std::vector<std::string> files;
+    bool asJson = false;
+};
+
+/// What the set holds, in a document of the same form, which may show less than single reads do.
+std::vector<Setting> settingsOfSet(const SettingsDocument& likeness) {
+    Progress progress;
+    progress.tell("reading the set");
+    DocumentRequest request;
+    for (const Setting& setting : likeness.settings()) {
+        if (const std::optional<PathParts> parts = partsOf(setting.path)) {
+            request[parts->category].push_back(parts->rest);
+        }
+    }
+    const DocumentFormat format = likeness.format();
+    return SettingsDocument::parse(libraryDocument(request, format), format).settings();
+}
+
+Cell cellOf(const Side& side) {
+    if (side.value) {
+        return quoted(*side.value);
+    }
+    return {side.isPresent ? "(no value)" : "(not there)", Tone::Faint};
+}
+
+std::string textOf(const std::vector<Difference>& differences, const std::string& firstName,
+                   const std::string& secondName) {
+    Table table({"PROPERTY", firstName, secondName});
+    for (const Difference& difference : differences) {
+        table.add({difference.path, cellOf(difference.first), cellOf(difference.second)});
+    }
+    return table.isEmpty() ? "" : table.text(mayColour(STDOUT_FILENO));
+}
+
+void addSide(Json::Value& entry, const char* name, const Side& side) {
+    if (side.isPresent) {
+        entry[name] = side.value ? Json::Value(*side.value) : Json::Value();
+    }
+}
+
+std::string jsonOf(const std::vector<Difference>& differences) {
+    Json::Value root;
+    root["differences"] = Json::Value(Json::arrayValue);
+    for (const Difference& difference : differences) {
+        Json::Value entry;
+        entry["path"] = difference.path;
+        addSide(entry, "first", difference.first);
+        addSide(entry, "second", difference.second);
+        root["differences"].append(entry);
+    }
+    return jsonText(root);
+}
+
+ExitStatus diff(const DiffArguments& given) {
+    const bool isWithSet = given.files.size() == 1;
+    if (!isWithSet && given.files[0] == "-" && given.files[1] == "-") {
+        throw Failure(ExitStatus::Trouble, "standard input can be read but once");
+    }
+    const SettingsDocument first = readDocument(given.files[0]);
+    const std::vector<Setting> second =
+        isWithSet ? settingsOfSet(first) : readDocument(given.files[1]).settings();
+    const auto differences = differencesBetween(first.settings(), second, KnownProperties());
+    writeOutput(given.asJson ? jsonOf(differences)
+                             : textOf(differences, documentName(given.files[0]),
+                                      isWithSet ? "the set" : documentName(given.files[1])));
+    return differences.empty() ? ExitStatus::Done : ExitStatus::Different;
+}
+
+} // namespace
+
+void addDiffCommand(CLI::App& app, Command& chosen) {
+    CLI::App* const command =
+        app.add_subcommand("diff", "Compare a document with the set, or two documents");
+    command->footer(details);
+    const auto given = std::make_shared<DiffArguments>();
+    addWords(*command, "FILE", given->files, "One document or two; - for standard input")
+        ->required()
+        ->expected(1, 2)
+        ->check(checkInputName);
+    command->add_flag("--json", given->asJson, "Print the differences as JSON");
+    command->callback([given, &chosen] {
+        chosen.onFailure = ExitStatus::Trouble;
+        chosen.work = [given] {
+            return diff(*given);
+        };
+    });
+}

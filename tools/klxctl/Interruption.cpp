@@ -1,0 +1,41 @@
+#include "Interruption.h"
+
+#include <atomic>
+
+namespace {
+
+std::atomic<int> firstSignal{0};
+
+static_assert(std::atomic<int>::is_always_lock_free, "the signal handler must not lock");
+
+void note(int number) {
+    int none = 0;
+    firstSignal.compare_exchange_strong(none, number);
+}
+
+} // namespace
+
+Interruption::Interruption() : m_formerActions() {
+    firstSignal = 0;
+    for (std::size_t index = 0; index < endingSignals.size(); ++index) {
+        struct sigaction action = {};
+        action.sa_handler = note;
+        // The library's calls to the system are not to fail for it.
+        action.sa_flags = SA_RESTART;
+        sigfillset(&action.sa_mask);
+        sigaction(endingSignals[index], nullptr, &m_formerActions[index]);
+        if (m_formerActions[index].sa_handler != SIG_IGN) {
+            sigaction(endingSignals[index], &action, nullptr);
+        }
+    }
+}
+
+Interruption::~Interruption() {
+    for (std::size_t index = 0; index < endingSignals.size(); ++index) {
+        sigaction(endingSignals[index], &m_formerActions[index], nullptr);
+    }
+}
+
+int Interruption::signal() const {
+    return firstSignal;
+}

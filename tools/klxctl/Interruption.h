@@ -1,0 +1,21 @@
+#pragma once
+
+#include "EndingSignals.h"
+
+/// While it lives, SIGHUP, SIGINT and SIGTERM are noted and end nothing, so that work can come to
+/// an orderly end. A signal that was ignored, as under nohup, stays ignored.
+///
+/// Only one may exist at a time, because signals are the whole process's affair.
+class Interruption {
+public:
+    Interruption();
+    Interruption(const Interruption&) = delete;
+    Interruption& operator=(const Interruption&) = delete;
+    ~Interruption();
+
+    /// The first signal that came; 0 for none.
+    int signal() const;
+
+private:
+    std::array<struct sigaction, endingSignals.size()> m_formerActions;
+};

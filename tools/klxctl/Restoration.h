@@ -1,0 +1,61 @@
+#pragma once
+
+#include "KnownProperties.h"
+#include "SettingsDocument.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// What became of a property that was asked for.
+enum class Verdict {
+    Applied,    ///< was changed and is held
+    Unchanged,  ///< was held before
+    Foreseen,   ///< would be written, were this not a dry run
+    LeftAlone,  ///< no value was given that could overwrite anything
+    Refused,    ///< was written, but the set holds something else
+    ReadOnly,   ///< holds something else, and cannot be written
+    Unknown,    ///< there is no such property
+    Malformed,  ///< what was given is no text
+    NotWritten, ///< should have been written, but something came between
+    PutBack,    ///< had been changed, and holds again what it held before
+    NotPutBack, ///< should hold again what it held before, but does not
+};
+
+struct PropertyOutcome {
+    std::string path;
+    Verdict verdict = Verdict::Unknown;
+    std::optional<std::string> wanted;
+    std::optional<std::string> before; ///< none when it was not read
+    std::optional<std::string> held;   ///< at the end; none when it was not read
+};
+
+struct RestoreOptions {
+    bool isDryRun = false;       ///< write nothing
+    bool isAllOrNothing = false; ///< hold everything at the end, or what was held before
+};
+
+struct Restoration {
+    std::vector<PropertyOutcome> outcomes; ///< in byte order of the paths
+    RestoreOptions options;
+    int signal = 0;         ///< the signal that interrupted the work; 0 for none
+    bool hasFailed = false; ///< whether the library could not apply what it was given
+    bool isWritten = false; ///< whether anything was written
+    bool isPutBack = false; ///< whether what had been written was taken back
+};
+
+/// What is wanted. Asked for again when a setting was changed that defaults depend on.
+using Wishes = std::function<std::vector<Setting>()>;
+
+/// Whether what is wanted may overwrite anything: an empty value means that none could be read,
+/// except for a text.
+bool overwrites(const Setting& wish, const PropertyDescription& property);
+
+/// Brings the set to hold values: reads what it holds, has the library apply what differs, and
+/// reads again. SIGHUP, SIGINT and SIGTERM end it early and in order.
+/// @param format of the documents that the library gets, which decides on its order
+/// @throws Failure when the library cannot read; with `isAllOrNothing` what had been written is
+///         taken back before
+Restoration restore(const KnownProperties& known, DocumentFormat format, const Wishes& wishes,
+                    const RestoreOptions& options);

@@ -1,0 +1,225 @@
+#include "RestoreReport.h"
+
+#include "JsonText.h"
+#include "Messages.h"
+#include "NearestNames.h"
+#include "Streams.h"
+#include "Table.h"
+
+#include <json/value.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstring>
+
+namespace {
+
+struct VerdictWord {
+    Verdict verdict;
+    const char* word; // for people and machines alike
+    Tone tone;
+    bool isGood;
+};
+
+// In the order of the summary.
+constexpr std::array<VerdictWord, 11> words = {{
+    {Verdict::Applied, "applied", Tone::Good, true},
+    {Verdict::Foreseen, "would apply", Tone::Good, true},
+    {Verdict::Unchanged, "unchanged", Tone::Faint, true},
+    {Verdict::LeftAlone, "left alone", Tone::Faint, true},
+    {Verdict::Refused, "refused", Tone::Bad, false},
+    {Verdict::ReadOnly, "read-only", Tone::Bad, false},
+    {Verdict::Unknown, "unknown", Tone::Bad, false},
+    {Verdict::Malformed, "malformed", Tone::Bad, false},
+    {Verdict::NotWritten, "not written", Tone::Bad, false},
+    {Verdict::PutBack, "put back", Tone::Bad, false},
+    {Verdict::NotPutBack, "not put back", Tone::Bad, false},
+}};
+
+const VerdictWord& wordOf(Verdict verdict) {
+    return *std::find_if(words.begin(), words.end(),
+                         [verdict](const VerdictWord& word) { return word.verdict == verdict; });
+}
+
+std::size_t count(const Restoration& restoration, Verdict verdict) {
+    return static_cast<std::size_t>(std::count_if(
+        restoration.outcomes.begin(), restoration.outcomes.end(),
+        [verdict](const PropertyOutcome& outcome) { return outcome.verdict == verdict; }));
+}
+
+bool isEverythingHeld(const Restoration& restoration) {
+    return std::all_of(
+        restoration.outcomes.begin(), restoration.outcomes.end(),
+        [](const PropertyOutcome& outcome) { return wordOf(outcome.verdict).isGood; });
+}
+
+std::vector<std::string> nearestTo(const PropertyOutcome& outcome, const KnownProperties& known) {
+    return outcome.verdict == Verdict::Unknown ? nearestNames(outcome.path, known.paths())
+                                               : std::vector<std::string>();
+}
+
+std::string wantedBut(const PropertyOutcome& outcome) {
+    const std::string wanted = "wanted " + quoted(outcome.wanted.value_or(""));
+    return outcome.held ? wanted + ", holds " + quoted(*outcome.held) : wanted;
+}
+
+std::string unknownDetail(const PropertyOutcome& outcome, const KnownProperties& known) {
+    std::string names;
+    for (const std::string& name : nearestTo(outcome, known)) {
+        names += (names.empty() ? "did you mean " : " or ") + quoted(name);
+    }
+    return names.empty() ? "there is no such property" : names + "?";
+}
+
+std::string detailOf(const PropertyOutcome& outcome, const KnownProperties& known,
+                     const std::string& noValue) {
+    switch (outcome.verdict) {
+    case Verdict::Applied:
+    case Verdict::Foreseen:
+        return quoted(*outcome.before) + " -> " + quoted(*outcome.wanted);
+    case Verdict::Unchanged:
+        return quoted(*outcome.held);
+    case Verdict::LeftAlone:
+        return noValue;
+    case Verdict::Unknown:
+        return unknownDetail(outcome, known);
+    case Verdict::Malformed:
+        return "what stands in the value's place is no text";
+    case Verdict::PutBack:
+        return wantedBut(outcome) + " again";
+    case Verdict::NotPutBack:
+        return wantedBut(outcome) + ", held " + quoted(*outcome.before) + " before";
+    case Verdict::Refused:
+    case Verdict::ReadOnly:
+    case Verdict::NotWritten:
+        break;
+    }
+    return wantedBut(outcome);
+}
+
+std::string summaryOf(const Restoration& restoration) {
+    std::string summary = std::to_string(restoration.outcomes.size()) + " asked for";
+    const char* separator = ": ";
+    for (const VerdictWord& word : words) {
+        if (const std::size_t number = count(restoration, word.verdict)) {
+            summary += separator + std::to_string(number) + " " + word.word;
+            separator = ", ";
+        }
+    }
+    return summary + "\n";
+}
+
+std::string textOf(const Restoration& restoration, const KnownProperties& known,
+                   const std::string& noValue) {
+    Table table({"PROPERTY", "RESULT", "VALUE"});
+    for (const PropertyOutcome& outcome : restoration.outcomes) {
+        const VerdictWord& word = wordOf(outcome.verdict);
+        table.add({outcome.path, Cell(word.word, word.tone), detailOf(outcome, known, noValue)});
+    }
+    return (table.isEmpty() ? "" : table.text(mayColour(STDOUT_FILENO)) + "\n") +
+           summaryOf(restoration);
+}
+
+Json::Value jsonOf(const PropertyOutcome& outcome, const KnownProperties& known) {
+    Json::Value entry;
+    entry["path"] = outcome.path;
+    entry["result"] = wordOf(outcome.verdict).word;
+    const auto add = [&entry](const char* name, const std::optional<std::string>& value) {
+        if (value) {
+            entry[name] = *value;
+        }
+    };
+    add("wanted", outcome.wanted);
+    add("before", outcome.before);
+    add("held", outcome.held);
+    for (const std::string& name : nearestTo(outcome, known)) {
+        entry["nearest"].append(name);
+    }
+    return entry;
+}
+
+std::string signalName(int signal) {
+    return "SIG" + std::string(sigabbrev_np(signal));
+}
+
+Json::Value jsonOf(const Restoration& restoration, const KnownProperties& known) {
+    Json::Value root;
+    root["properties"] = Json::Value(Json::arrayValue);
+    for (const PropertyOutcome& outcome : restoration.outcomes) {
+        root["properties"].append(jsonOf(outcome, known));
+    }
+    root["summary"]["asked for"] = static_cast<Json::UInt64>(restoration.outcomes.size());
+    for (const VerdictWord& word : words) {
+        root["summary"][word.word] = static_cast<Json::UInt64>(count(restoration, word.verdict));
+    }
+    root["dryRun"] = restoration.options.isDryRun;
+    root["allOrNothing"] = restoration.options.isAllOrNothing;
+    root["held"] = isEverythingHeld(restoration);
+    root["putBack"] = restoration.isPutBack;
+    root["failed"] = restoration.hasFailed;
+    if (restoration.signal != 0) {
+        root["interruptedBy"] = signalName(restoration.signal);
+    }
+    return root;
+}
+
+void reportPutBack(const Restoration& restoration) {
+    std::string stuck;
+    for (const PropertyOutcome& outcome : restoration.outcomes) {
+        if (outcome.verdict == Verdict::NotPutBack) {
+            stuck += "\n  " + quoted(outcome.path);
+        }
+    }
+    report(stuck.empty() ? "not everything could be held, so what had been changed was put back"
+                         : "not everything could be held, and this could not be put back:" + stuck);
+}
+
+/// Whether it is clear without any writing that not everything can be held.
+bool isHopeless(const Restoration& restoration) {
+    return count(restoration, Verdict::ReadOnly) + count(restoration, Verdict::Unknown) +
+               count(restoration, Verdict::Malformed) >
+           0;
+}
+
+void reportCircumstances(const Restoration& restoration) {
+    if (restoration.hasFailed) {
+        report("the library could not apply what it was given; its lines above tell why");
+    }
+    if (restoration.signal != 0) {
+        report("interrupted by " + signalName(restoration.signal));
+    }
+    if (restoration.isPutBack) {
+        reportPutBack(restoration);
+    } else if (restoration.options.isAllOrNothing && isHopeless(restoration)) {
+        report("nothing is written, for not everything can be held");
+    }
+}
+
+ExitStatus statusOf(const Restoration& restoration) {
+    if (restoration.signal != 0) {
+        return interruptedBy(restoration.signal);
+    }
+    if (restoration.hasFailed) {
+        return ExitStatus::Failed;
+    }
+    return isEverythingHeld(restoration) ? ExitStatus::Done : ExitStatus::NotHeld;
+}
+
+} // namespace
+
+void addRestoreOptions(CLI::App& command, RestoreArguments& given) {
+    command.add_flag("--dry-run", given.options.isDryRun, "Tell what would happen; write nothing");
+    command.add_flag("--all-or-nothing", given.options.isAllOrNothing,
+                     "Put the former values back when anything is not held");
+    command.add_flag("--json", given.asJson, "Print the report as JSON");
+}
+
+ExitStatus tell(const Restoration& restoration, const KnownProperties& known, bool asJson,
+                const std::string& noValue) {
+    writeOutput(asJson ? jsonText(jsonOf(restoration, known))
+                       : textOf(restoration, known, noValue));
+    reportCircumstances(restoration);
+    return statusOf(restoration);
+}

@@ -1,0 +1,42 @@
+#include "UndoLog.h"
+
+#include "PropertyAccess.h"
+
+#include <algorithm>
+
+namespace {
+
+std::string current(const std::string& path) {
+    return readProperty(path).value_or("");
+}
+
+bool isReadable(const Assignment& former, const KnownProperties& known) {
+    const PropertyDescription* const property = known.find(former.path);
+    return !former.value.empty() || (property != nullptr && property->isText);
+}
+
+} // namespace
+
+std::map<std::string, std::string> UndoLog::undo(const KnownProperties& known) const {
+    std::map<std::string, std::string> stuck;
+    for (auto step = m_steps.rbegin(); step != m_steps.rend(); ++step) {
+        std::vector<Assignment> changed;
+        std::copy_if(step->begin(), step->end(), std::back_inserter(changed),
+                     [&known](const Assignment& former) {
+                         return isReadable(former, known) && current(former.path) != former.value;
+                     });
+        if (!changed.empty()) {
+            // Whether it succeeds shows when the values are read. Only JSON carries any bytes.
+            constexpr DocumentFormat format = CDeviceInfoManager::DATA_FORMAT_JSON;
+            CDeviceInfoManager::SetDeviceInfo(documentOf(changed, format), format);
+        }
+        for (const Assignment& former : *step) {
+            const std::string held = current(former.path);
+            stuck.erase(former.path);
+            if (held != former.value) {
+                stuck.emplace(former.path, held);
+            }
+        }
+    }
+    return stuck;
+}
