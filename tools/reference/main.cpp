@@ -9,14 +9,14 @@ namespace {
 
 const char* const introduction = R"(# Properties
 
-Every property that the library answers to, by category. `./dev reference` writes this page from the
-library's catalogue, and a test holds the two together.
+Every property that the library answers to, by category. `./dev reference` writes this page from
+the library's catalogue, and a test holds the two together.
 
 - **kind** tells what answers for the property, **key** what is asked there: a key of the settings
   store, the number of an information or setting, or the name of a platform call.
-- **default** is what a document gives beside the value. *of the set*: the platform is asked for it,
-  each time. *empty*: it is an empty text on every set. *none*: there is no default, which a document
-  shows as an empty text.
+- **default** is what a document gives beside the value. *of the set*: the platform is asked for
+  it, each time. *empty*: it is an empty text on every set. *none*: there is no default, which a
+  document shows as an empty text.
 - A property that cannot be **written** takes every value and does nothing with it.
 
 Blanks are part of a name; "Power On with  Mobile" has two in a row. What is unlike the rest, and
