@@ -42,7 +42,7 @@ void addCompleteCommand(CLI::App& app, Command& chosen) {
     // Not shown among the commands, which people type.
     command->group("");
     const auto words = std::make_shared<std::vector<std::string>>();
-    addWords(*command, "WORD", *words, "A word as it would follow \"klxctl\"; write \"--\" first");
+    addWords(*command, "WORD", *words, R"(A word as it would follow "klxctl"; write "--" first)");
     command->callback([words, &app, &chosen] {
         chosen.work = [words, &app] {
             return complete(app, *words);

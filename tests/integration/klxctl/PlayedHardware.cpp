@@ -5,6 +5,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <linux/dvb/frontend.h>
+#include <linux/ioctl.h>
 
 #include <cerrno>
 #include <cstdarg>
