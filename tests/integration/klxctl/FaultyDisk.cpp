@@ -1,7 +1,8 @@
 // Loaded before the C library, plays a disk on which bringing data to it fails, never returns, or
-// takes so long that the terminal is gone meanwhile. KLXCTL_TEST_FSYNC holds "fail in FOLDER",
-// "hang in FOLDER" or "hang up in FOLDER"; files elsewhere are as ever. Where KLXCTL_TEST_STATVFS
-// is "fail", no disk tells how full it is.
+// takes so long that the terminal is gone or somebody has lost patience meanwhile.
+// KLXCTL_TEST_FSYNC holds "fail in FOLDER", "hang in FOLDER", "delay in FOLDER" or, for a signal
+// that comes, "hang up in FOLDER", "interrupt in FOLDER" or "terminate in FOLDER"; files elsewhere
+// are as ever. Where KLXCTL_TEST_STATVFS is "fail", no disk tells how full it is.
 
 #include <dlfcn.h>
 #include <sys/statvfs.h>
@@ -24,31 +25,51 @@ bool isIn(const std::string& folder, int descriptor) {
     return length > 0 && std::string(path.data()).compare(0, folder.size(), folder) == 0;
 }
 
+int signalOf(const std::string& behaviour) {
+    if (behaviour == "hang up") {
+        return SIGHUP;
+    }
+    if (behaviour == "interrupt") {
+        return SIGINT;
+    }
+    return behaviour == "terminate" ? SIGTERM : 0;
+}
+
 int actAs(const std::string& behaviour, int descriptor) {
     if (behaviour == "fail") {
         errno = EIO;
         return -1;
     }
-    if (behaviour == "hang up") {
-        raise(SIGHUP);
-        return static_cast<int>(syscall(SYS_fsync, descriptor));
-    }
-    for (;;) {
+    while (behaviour == "hang") {
         pause();
     }
+    if (behaviour == "delay") {
+        usleep(100000);
+    } else {
+        raise(signalOf(behaviour));
+    }
+    return static_cast<int>(syscall(SYS_fsync, descriptor));
+}
+
+int bringToDisk(int descriptor, long call) {
+    const char* const text = std::getenv("KLXCTL_TEST_FSYNC");
+    const std::string setting = text != nullptr ? text : "";
+    const std::string separator = " in ";
+    const std::size_t at = setting.find(separator);
+    if (at == std::string::npos || !isIn(setting.substr(at + separator.size()), descriptor)) {
+        return static_cast<int>(syscall(call, descriptor));
+    }
+    return actAs(setting.substr(0, at), descriptor);
 }
 
 } // namespace
 
 extern "C" __attribute__((visibility("default"))) int fsync(int fd) {
-    const char* const text = std::getenv("KLXCTL_TEST_FSYNC");
-    const std::string setting = text != nullptr ? text : "";
-    const std::string separator = " in ";
-    const std::size_t at = setting.find(separator);
-    if (at == std::string::npos || !isIn(setting.substr(at + separator.size()), fd)) {
-        return static_cast<int>(syscall(SYS_fsync, fd));
-    }
-    return actAs(setting.substr(0, at), fd);
+    return bringToDisk(fd, SYS_fsync);
+}
+
+extern "C" __attribute__((visibility("default"))) int fdatasync(int fd) {
+    return bringToDisk(fd, SYS_fdatasync);
 }
 
 extern "C" __attribute__((visibility("default"))) int statvfs(const char* path,

@@ -36,10 +36,16 @@ protected:
     /// Runs a command with "--json".
     Report report(std::vector<std::string> arguments) const;
 
+    /// The tool over a disk that acts so whenever a setting is written.
+    ToolRun toolOverDisk(const std::string& behaviour) const;
+
     Report restore(const std::string& document, const std::string& option = "") const;
 };
 
 Json::Value jsonFrom(const std::string& text);
+
+/// What a command with "--json" printed.
+Report reportIn(const Outcome& outcome);
 
 /// A JSON document with the values of properties of one menu.
 std::string jsonOf(const std::string& menu, const std::vector<std::vector<std::string>>& values);

@@ -11,6 +11,10 @@ std::string Report::of(const std::string& path, const std::string& member) const
     return "";
 }
 
+Report reportIn(const Outcome& outcome) {
+    return {outcome.status, outcome.messages, jsonFrom(outcome.output)};
+}
+
 std::string RestoreTest::fileOf(const std::string& document) const {
     const std::filesystem::path file = outputFolder() / "document";
     writeFile(file, document);
@@ -19,8 +23,7 @@ std::string RestoreTest::fileOf(const std::string& document) const {
 
 Report RestoreTest::report(std::vector<std::string> arguments) const {
     arguments.emplace_back("--json");
-    const Outcome outcome = run(arguments);
-    return {outcome.status, outcome.messages, jsonFrom(outcome.output)};
+    return reportIn(run(arguments));
 }
 
 Report RestoreTest::restore(const std::string& document, const std::string& option) const {
@@ -29,6 +32,15 @@ Report RestoreTest::restore(const std::string& document, const std::string& opti
         arguments.push_back(option);
     }
     return report(arguments);
+}
+
+ToolRun RestoreTest::toolOverDisk(const std::string& behaviour) const {
+    // A store that exists already is not brought to the disk when it is opened.
+    run({"get", mute});
+    return tool()
+        .environment("LD_PRELOAD", KLXCTL_FAULTY_DISK)
+        .environment("KLXCTL_TEST_FSYNC", behaviour + " in " + stateFolder().string())
+        .environment("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0");
 }
 
 Json::Value jsonFrom(const std::string& text) {

@@ -1,0 +1,124 @@
+#include "RestoreTest.h"
+
+#include <gmock/gmock.h>
+
+#include <sys/wait.h>
+
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+using testing::HasSubstr;
+
+namespace {
+
+struct Case {
+    const char* behaviour;
+    int signal;
+};
+
+/// Work that a signal interrupts while the first setting is written.
+class InterruptedRestore : public RestoreTest, public testing::WithParamInterface<Case> {
+protected:
+    /// More settings than the library gets at once.
+    std::string document() const {
+        return fileOf(jsonOf("Picture", {{"Backlight", "12"},
+                                         {"Brightness", "12"},
+                                         {"Color", "12"},
+                                         {"Contrast", "12"},
+                                         {"Contrast Enhancer", "1"},
+                                         {"Expert Settings/Apply Picture Settings", "1"},
+                                         {"Expert Settings/Film Mode", "2"},
+                                         {"Gamma", "2"},
+                                         {"Gamma Value", "1"},
+                                         {"HDR+ Mode", "1"},
+                                         {"Sharpness", "12"},
+                                         {"Tint", "70/30"}}));
+    }
+
+    Report interrupted(std::vector<std::string> arguments) const {
+        arguments.emplace_back("--json");
+        return reportIn(toolOverDisk(GetParam().behaviour).run(arguments));
+    }
+};
+
+} // namespace
+
+TEST_P(InterruptedRestore, TellsWhatWasAppliedAndWhatWasNot) {
+    const Report report = interrupted({"restore", document()});
+    EXPECT_EQ(report.status, 128 + GetParam().signal);
+    EXPECT_EQ(report.count("applied"), 8);
+    EXPECT_EQ(report.count("not written"), 4);
+    EXPECT_EQ(report.resultOf("/Picture/Tint"), "not written");
+    EXPECT_EQ(report.of("/Picture/Tint", "held"), "50/50");
+    const std::string name = std::string("SIG") + sigabbrev_np(GetParam().signal);
+    EXPECT_EQ(report.root["interruptedBy"], name);
+    EXPECT_THAT(report.messages, HasSubstr("interrupted by " + name));
+    EXPECT_EQ(valueOf(backlight), "12");
+    EXPECT_EQ(valueOf("/Picture/Tint"), "50/50");
+}
+
+TEST_P(InterruptedRestore, PutsBackWhatWasAppliedWhenAllOrNothingIsWanted) {
+    const std::string before = run({"dump", "Picture"}).output;
+    const Report report = interrupted({"restore", document(), "--all-or-nothing"});
+    EXPECT_EQ(report.status, 128 + GetParam().signal);
+    EXPECT_EQ(report.count("put back"), 8);
+    EXPECT_EQ(report.count("not written"), 4);
+    EXPECT_EQ(run({"dump", "Picture"}).output, before);
+}
+
+TEST_P(InterruptedRestore, OfAResetIsTheSame) {
+    ASSERT_EQ(run({"restore", document()}).status, 0);
+    const Report report = interrupted({"reset", "/Picture"});
+    EXPECT_EQ(report.status, 128 + GetParam().signal);
+    EXPECT_EQ(report.count("applied"), 8);
+    EXPECT_EQ(report.count("not written"), 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, InterruptedRestore,
+                         testing::Values(Case{"hang up", SIGHUP}, Case{"interrupt", SIGINT},
+                                         Case{"terminate", SIGTERM}),
+                         [](const auto& each) {
+                             return std::string(sigabbrev_np(each.param.signal));
+                         });
+
+namespace {
+
+class KilledRestore : public RestoreTest {};
+
+} // namespace
+
+TEST_F(KilledRestore, CanBeRepeatedAndLeavesNoFile) {
+    const std::string file = fileOf(jsonOf("Picture", {{"Backlight", "12"}, {"Color", "12"}}));
+    const pid_t process = toolOverDisk("hang").start({"restore", file});
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    kill(process, SIGKILL);
+    int status = 0;
+    waitpid(process, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_THAT(namesIn(outputFolder()), testing::ElementsAre("document"));
+    EXPECT_EQ(run({"restore", file}).status, 0);
+    EXPECT_EQ(valueOf(backlight), "12");
+}
+
+TEST_F(KilledRestore, IsEndedAtOnceWhileItWaitsForTheDocument) {
+    const std::string script =
+        R"(mkfifo "$1" && exec timeout -s INT -k 20 1 "$0" restore - <> "$1")";
+    const Outcome outcome =
+        tool().runProgram({"sh", "-c", script, KLXCTL_TOOL, outputFolder() / "pipe"});
+    EXPECT_EQ(outcome.status, 124);
+}
+
+TEST_F(KilledRestore, AnIgnoredSignalStaysIgnored) {
+    const std::string file = fileOf(jsonOf("Picture", {{"Backlight", "12"}}));
+    const Outcome outcome = toolOverDisk("hang up").runProgram(
+        {"sh", "-c", R"(trap '' HUP; exec "$0" restore "$1")", KLXCTL_TOOL, file});
+    EXPECT_EQ(outcome.status, 0) << outcome.messages;
+}
+
+TEST_F(KilledRestore, AFailingDiskIsTold) {
+    const std::string file = fileOf(jsonOf("Picture", {{"Backlight", "12"}}));
+    const Outcome outcome = toolOverDisk("fail").run({"restore", file});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_THAT(outcome.output, HasSubstr("refused  wanted \"12\", holds \"35\""));
+}
