@@ -54,13 +54,15 @@ int forwarded(const char* operation, Forward forward) noexcept {
 std::string joined(const std::string& path, const std::string& name) {
     std::string longer;
     longer.reserve(path.size() + 1 + name.size());
-    return longer.append(path).append(1, '/').append(name);
+    longer.append(path).append(1, '/').append(name);
+    return longer;
 }
 
 std::string keyOf(const std::string& menu, const std::string& property) {
     std::string key;
     key.reserve(menu.size() + property.size() + 2);
-    return key.append(1, '/').append(menu).append(1, '/').append(property);
+    key.append(1, '/').append(menu).append(1, '/').append(property);
+    return key;
 }
 
 bool contains(const std::string& text, std::string_view part) {

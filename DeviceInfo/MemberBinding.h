@@ -86,7 +86,7 @@ PropertySetter setter(CDeviceProperty& device, void (Owner::*set)(const std::str
 /// A pair of accessors. A getter that takes an `eMenuValueType` answers the default, too.
 template <class Get, class Set>
 PropertyBinding readWrite(PropertySource source, Get get, Set set) {
-    return PropertyBinding(std::move(source), [get, set](CDeviceProperty& device) {
+    return PropertyBinding(source, [get, set](CDeviceProperty& device) {
         return PropertyAccessor(memberbinding::getter(device, get, currentValue),
                                 memberbinding::defaultGetter(device, get), boost::none,
                                 memberbinding::setter(device, set), true);
@@ -96,7 +96,7 @@ PropertyBinding readWrite(PropertySource source, Get get, Set set) {
 /// A getter alone.
 template <class Get>
 PropertyBinding readOnly(PropertySource source, Get get) {
-    return PropertyBinding(std::move(source), [get](CDeviceProperty& device) {
+    return PropertyBinding(source, [get](CDeviceProperty& device) {
         return PropertyAccessor(memberbinding::getter(device, get, currentValue),
                                 memberbinding::defaultGetter(device, get), boost::none, emptySetter,
                                 false);

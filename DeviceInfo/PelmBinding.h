@@ -11,7 +11,7 @@
 
 template <class Read, class Write>
 PropertyBinding savedValue(PropertySource source, Read read, Write write) {
-    return PropertyBinding(std::move(source), [read, write](CDeviceProperty&) {
+    return PropertyBinding(source, [read, write](CDeviceProperty&) {
         const auto asked = [read](pelm_save_type_e save) {
             return [read, save](const std::string&) {
                 return read(save);
@@ -26,17 +26,17 @@ namespace pelmbinding {
 
 /// The name of a library call, as the compiler spells it.
 template <auto Call>
-std::string nameOf() {
+std::string_view nameOf() {
     const std::string_view spelled = __PRETTY_FUNCTION__;
     const std::size_t begin = spelled.find("pelm_get_");
-    return std::string(spelled.substr(begin, spelled.find_first_of(";]", begin) - begin));
+    return spelled.substr(begin, spelled.find_first_of(";]", begin) - begin);
 }
 
 template <class T>
 PropertyBinding withMode(PropertySource source, int (*get)(int, T*, pelm_save_type_e),
                          int (*set)(int, T, pelm_save_type_e)) {
     return savedValue(
-        std::move(source),
+        source,
         [get](pelm_save_type_e save) { return commonUtil::getPelmPictureWrapper<T>(get, save); },
         [set](const std::string& text) { commonUtil::setPelmPictureWrapper<T>(set, text); });
 }
@@ -45,7 +45,7 @@ template <class T>
 PropertyBinding withoutMode(PropertySource source, int (*get)(T*, pelm_save_type_e),
                             int (*set)(T, pelm_save_type_e)) {
     return savedValue(
-        std::move(source),
+        source,
         [get](pelm_save_type_e save) { return commonUtil::getPelmSoundWrapper<T>(get, save); },
         [set](const std::string& text) { commonUtil::setPelmSoundWrapper<T>(set, text); });
 }
@@ -54,7 +54,7 @@ template <class T>
 PropertyBinding withSaveTypeFirst(PropertySource source, int (*get)(int, pelm_save_type_e, T*),
                                   int (*set)(int, pelm_save_type_e, T)) {
     return savedValue(
-        std::move(source),
+        source,
         [get](pelm_save_type_e save) { return commonUtil::getPelmEcoWrapper<T>(get, save); },
         [set](const std::string& text) { commonUtil::setPelmEcoWrapper<T>(set, text); });
 }
@@ -63,7 +63,7 @@ template <class T>
 PropertyBinding withGameMode(PropertySource source, int (*get)(int, pelm_save_type_e, T*),
                              int (*set)(int, pelm_save_type_e, T)) {
     return savedValue(
-        std::move(source),
+        source,
         [get](pelm_save_type_e save) { return commonUtil::pelmGetGameModeWrapper<T>(get, save); },
         [set](const std::string& text) { commonUtil::pelmSetGameModeWrapper<T>(set, text); });
 }

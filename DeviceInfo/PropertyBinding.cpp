@@ -4,9 +4,9 @@
 
 namespace {
 
-PropertyGetter storeDefault(CDeviceProperty& device, const std::string& key, valueType type) {
-    return [&device, key, type](const std::string&) {
-        return device.getVconfDefaultValue(key, type);
+PropertyGetter storeDefault(CDeviceProperty& device, const char* key, valueType type) {
+    return [&device, text = std::string(key), type](const std::string&) {
+        return device.getVconfDefaultValue(text, type);
     };
 }
 
@@ -21,7 +21,7 @@ PropertyAccessor readOnlyRecord(PropertyGetter getter) {
 }
 
 PropertyBinding systemInformation(const char* typeName, int key) {
-    const PropertySource source{"system information", std::to_string(key)};
+    const PropertySource source{"system information", key};
     return PropertyBinding(source, [typeName, key](CDeviceProperty& device) {
         return readOnlyRecord([&device, typeName, key](const std::string&) {
             return device.getSystemInfoValue(typeName, static_cast<system_info_key_e>(key));
@@ -56,21 +56,21 @@ PropertyAccessor PropertyBinding::bindTo(CDeviceProperty& device) const {
 
 PropertyBinding setting(const char* key, valueType type) {
     const PropertySource source{settingKind(type), key};
-    return PropertyBinding(source, [key = std::string(key), type](CDeviceProperty& device) {
+    return PropertyBinding(source, [key, type](CDeviceProperty& device) {
         return PropertyAccessor(
-            [&device, key, type](const std::string&) {
-                return device.getVconfValueWrapper(key, type);
+            [&device, text = std::string(key), type](const std::string&) {
+                return device.getVconfValueWrapper(text, type);
             },
             storeDefault(device, key, type), boost::none,
-            [&device, key, type](const std::string& value) {
-                device.setVconfValueWrapper(key, type, value);
+            [&device, text = std::string(key), type](const std::string& value) {
+                device.setVconfValueWrapper(text, type, value);
             },
             true);
     });
 }
 
 PropertyBinding systemSetting(int key, const char* defaultKey) {
-    const PropertySource source{"system setting", std::to_string(key)};
+    const PropertySource source{"system setting", key};
     return PropertyBinding(source, [key, defaultKey](CDeviceProperty& device) {
         return PropertyAccessor(
             runtimeNumber(device, key), storeDefault(device, defaultKey, integerValue), boost::none,
@@ -84,7 +84,7 @@ PropertyBinding systemSetting(int key, const char* defaultKey) {
 
 PropertyBinding usageMode(const char* defaultKey) {
     constexpr int runtimeKey = 10010;
-    const PropertySource source{"usage mode", std::to_string(runtimeKey)};
+    const PropertySource source{"usage mode", runtimeKey};
     return PropertyBinding(source, [defaultKey](CDeviceProperty& device) {
         return PropertyAccessor(
             runtimeNumber(device, runtimeKey), storeDefault(device, defaultKey, integerValue),
@@ -112,7 +112,7 @@ PropertyBinding systemNumber(int key) {
 }
 
 PropertyBinding runtimeCounter(int key) {
-    const PropertySource source{"runtime information", std::to_string(key)};
+    const PropertySource source{"runtime information", key};
     return PropertyBinding(source, [key](CDeviceProperty& device) {
         return readOnlyRecord(runtimeNumber(device, key));
     });

@@ -4,13 +4,26 @@
 
 #include <boost/optional.hpp>
 
+#include <string>
+#include <string_view>
 #include <utility>
 
 /// What answers for a property, in readable words, and the key, number or call that it is asked
-/// for; "" where there is none.
-struct PropertySource {
-    std::string kind;
-    std::string key;
+/// for; "" where there is none. Holds literals, so that a row costs nothing to make.
+class PropertySource {
+public:
+    PropertySource(std::string_view kind, std::string_view key) : m_kind(kind), m_key(key) {}
+    PropertySource(std::string_view kind, int number)
+        : m_kind(kind), m_number(number), m_isNumber(true) {}
+
+    std::string kind() const { return std::string(m_kind); }
+    std::string key() const { return m_isNumber ? std::to_string(m_number) : std::string(m_key); }
+
+private:
+    std::string_view m_kind;
+    std::string_view m_key;
+    int m_number = 0;
+    bool m_isNumber = false;
 };
 
 /// One kind of row of the catalogue with its backing key or functions; becomes a record when it is
@@ -19,8 +32,7 @@ class PropertyBinding {
 public:
     using Bind = std::function<PropertyAccessor(CDeviceProperty&)>;
 
-    PropertyBinding(PropertySource source, Bind bind)
-        : m_source(std::move(source)), m_bind(std::move(bind)) {}
+    PropertyBinding(PropertySource source, Bind bind) : m_source(source), m_bind(std::move(bind)) {}
 
     /// The default is this text; no getter is asked for it.
     PropertyBinding withDefault(std::string text) && {

@@ -34,8 +34,8 @@ void nameSources(Descriptions& descriptions) {
             descriptions.begin(), descriptions.end(), row.path,
             [](const PropertyDescription& each, const char* path) { return each.path < path; });
         if (found != descriptions.end() && found->path == row.path) {
-            found->kind = row.binding.source().kind;
-            found->key = row.binding.source().key;
+            found->kind = row.binding.source().kind();
+            found->key = row.binding.source().key();
             found->isText = found->kind == "text setting";
         }
     }

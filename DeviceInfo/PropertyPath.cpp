@@ -5,6 +5,7 @@
 #include <boost/regex.hpp>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -38,13 +39,16 @@ std::size_t readLength(std::string_view remaining) {
     return remaining.size();
 }
 
-std::string withSingleSlashes(std::string name) {
+std::string withSingleSlashes(std::string_view name) {
     static const boost::regex doubledSlash("//");
-    if (name.find('/') == std::string::npos) {
-        return name;
+    if (name.find('/') == std::string_view::npos) {
+        return std::string(name);
     }
     try {
-        return boost::regex_replace(name, doubledSlash, "/");
+        std::string single;
+        boost::regex_replace(std::back_inserter(single), name.data(), name.data() + name.size(),
+                             doubledSlash, "/");
+        return single;
     } catch (const std::runtime_error&) {
         throw KLX::Exception("Regex replace failed");
     }
@@ -58,7 +62,7 @@ PathSegment firstSegment(std::string_view remaining, const std::string& fullPath
     }
     const std::size_t length =
         remaining.size() <= longestRead ? readLength(remaining) : searchedLength(remaining);
-    return {withSingleSlashes(std::string(remaining.substr(1, length - 1))), length};
+    return {withSingleSlashes(remaining.substr(1, length - 1)), length};
 }
 
 std::string withDoubledSlashes(std::string name) {

@@ -3,6 +3,7 @@
 #include <libxml/tree.h>
 
 #include <cstddef>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -47,7 +48,9 @@ private:
     };
 
     xmlDocPtr m_document;
-    std::unordered_map<Child, xmlNodePtr, ChildHash> m_elements;
+    // Elements are only ever added, and all are forgotten at once.
+    std::pmr::monotonic_buffer_resource m_memory;
+    std::pmr::unordered_map<Child, xmlNodePtr, ChildHash> m_elements{&m_memory};
 };
 
 /// Finds the child that bears a name, by the document's index or, where that cannot answer, by an

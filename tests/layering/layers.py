@@ -49,6 +49,8 @@ LIBRARIES = {
     "gtest/": "googletest",
     "gmock/": "googletest",
     "benchmark/": "benchmark",
+    "gio/": "glib",
+    "json-glib/": "json-glib",
 }
 
 # Headers of the C library and of the kernel; C++ headers are known by having no suffix.
