@@ -1,6 +1,7 @@
 #include "Floor.h"
 
 #include <dlog.h>
+#include <json/json.h>
 #include <libxml/parser.h>
 #include <libxml/tree.h>
 #include <pelm.h>
@@ -51,6 +52,30 @@ std::string readDefault(const Setting& setting) {
     return owned(text);
 }
 
+void write(const Setting& setting, const std::string& value) {
+    switch (setting.type) {
+    case integerValue:
+        vconf_set_int(setting.key, std::stoi(value));
+        return;
+    case booleanValue:
+        vconf_set_bool(setting.key, std::stoi(value));
+        return;
+    default:
+        vconf_set_str(setting.key, value.c_str());
+    }
+}
+
+void apply(const Setting& setting, const std::string& value) {
+    log(DLOG_INFO, "%s: %s(%d) > mapKeyID=[%s] value=[%s]", setting.path, value.c_str());
+    write(setting, value);
+}
+
+void logRestoring(const std::string& value) {
+    for (const Setting& setting : settings()) {
+        log(DLOG_INFO, "%s: %s(%d) > Restoring value of %s to %s", setting.path, value.c_str());
+    }
+}
+
 std::string pathOf(const Setting& setting) {
     return std::string("/") + setting.category + "/" + setting.path;
 }
@@ -78,6 +103,16 @@ void collect(xmlNodePtr first, std::size_t depth, const std::string& prefix,
             {depth, reinterpret_cast<const char*>(node->name), name, settingAt(path)});
         collect(node->children, depth + 1, path, elements);
     }
+}
+
+Document parsedDocument(const std::string& document) {
+    Document parsed(
+        xmlReadMemory(document.data(), static_cast<int>(document.size()), "document", nullptr, 0),
+        &xmlFreeDoc);
+    if (!parsed) {
+        throw std::runtime_error("the library's document cannot be read");
+    }
+    return parsed;
 }
 
 std::string serialised(xmlDocPtr document) {
@@ -121,23 +156,17 @@ void set(const Setting& setting, const std::string& value) {
         "%s: %s(%d) > SetDevicePropValue menuItemName = [%s] propertyName = [%s] propertyValue "
         "=[%s]",
         setting.category, setting.path, value.c_str());
-    log(DLOG_INFO, "%s: %s(%d) > mapKeyID=[%s] value=[%s]", setting.path, value.c_str());
-    vconf_set_int(setting.key, std::stoi(value));
+    apply(setting, value);
 }
 
 std::vector<Element> elementsOf(const std::string& document) {
-    const Document parsed(
-        xmlReadMemory(document.data(), static_cast<int>(document.size()), "document", nullptr, 0),
-        &xmlFreeDoc);
-    if (!parsed) {
-        throw std::runtime_error("the library's document cannot be read");
-    }
+    const Document parsed = parsedDocument(document);
     std::vector<Element> elements;
     collect(xmlFirstElementChild(xmlDocGetRootElement(parsed.get()))->children, 0, "", elements);
     return elements;
 }
 
-std::string document(const std::vector<Element>& elements) {
+std::string xmlDocument(const std::vector<Element>& elements) {
     log(DLOG_INFO, "%s: %s(%d) > GetDeviceInfo retDataFormat = [%d]", 1);
     const Document built(xmlNewDoc(xmlText("1.0")), &xmlFreeDoc);
     const xmlNodePtr root = xmlNewDocNode(built.get(), nullptr, xmlText("rm_as"), nullptr);
@@ -161,6 +190,45 @@ std::string document(const std::vector<Element>& elements) {
         parents.push_back(node);
     }
     return serialised(built.get());
+}
+
+std::string jsonDocument() {
+    log(DLOG_INFO, "%s: %s(%d) > GetDeviceInfo retDataFormat = [%d]", 0);
+    log(DLOG_DEBUG, "%s: %s(%d) > prepareDeviceInfoData");
+    Json::Value root;
+    for (const Setting& setting : settings()) {
+        log(DLOG_DEBUG, "%s: %s(%d) > There is NO fixed default value.");
+        const std::string defaultText = readDefault(setting);
+        Json::Value& entry = root[setting.category][setting.path];
+        entry["Default"] = defaultText;
+        entry["Value"] = read(setting);
+    }
+    return Json::writeString(Json::StreamWriterBuilder(), root);
+}
+
+void restoreXml(const std::string& document, const std::string& value) {
+    constexpr int specialPaths = 3;
+    log(DLOG_INFO, "%s: %s(%d) > SetDeviceInfo start");
+    const Document parsed = parsedDocument(document);
+    for (int pass = 0; pass < specialPaths + 1; ++pass) {
+        logRestoring(value);
+    }
+    for (const Setting& setting : settings()) {
+        apply(setting, value);
+    }
+}
+
+void restoreJson(const std::string& document, const std::string& value) {
+    log(DLOG_INFO, "%s: %s(%d) > SetDeviceInfo start");
+    Json::Value root;
+    const std::unique_ptr<Json::CharReader> reader(Json::CharReaderBuilder().newCharReader());
+    if (!reader->parse(document.data(), document.data() + document.size(), &root, nullptr)) {
+        throw std::runtime_error("the library's document cannot be read");
+    }
+    log(DLOG_INFO, "%s: %s(%d) > start");
+    for (const Setting& setting : settings()) {
+        apply(setting, value);
+    }
 }
 
 } // namespace floors

@@ -2,6 +2,7 @@
 
 #include <dlog.h>
 #include <pelm.h>
+#include <system_info.h>
 #include <vconf.h>
 
 #include <cstdlib>
@@ -47,5 +48,10 @@ int pelm_get_backlight(int, int* value, pelm_save_type_e) {
 int get_vconf_key_default_value(const char*, int*, char** value) {
     *value = strdup("1");
     return 1;
+}
+
+int system_info_get_custom_int(const char*, int* value) {
+    *value = 0;
+    return 0;
 }
 }

@@ -1,5 +1,7 @@
 #include "Settings.h"
 
+#include <stdexcept>
+
 const std::vector<Setting>& settings() {
     static const std::vector<Setting> all{
         {"General & Privacy", "Parental Settings/Parental Lock", "db/menu/security/parental-lock",
@@ -65,4 +67,13 @@ const std::vector<Setting>& settings() {
          "db/menu/system/auto_screen_dimming", booleanValue},
     };
     return all;
+}
+
+const Setting& integerSetting() {
+    for (const Setting& setting : settings()) {
+        if (setting.type == integerValue) {
+            return setting;
+        }
+    }
+    throw std::logic_error("no integer setting");
 }

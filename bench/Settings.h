@@ -14,3 +14,6 @@ struct Setting {
 
 /// The menu settings that are kept in the settings store.
 const std::vector<Setting>& settings();
+
+/// The first of them that is an integer.
+const Setting& integerSetting();

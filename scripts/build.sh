@@ -69,12 +69,8 @@ fuzz_targets() {
 }
 
 run_benchmarks() {
-    programs=$(find build/release/bench -maxdepth 1 -type f -perm -u+x | sort)
-    [ -n "$programs" ] || fail "bench/ built no program; see bench/CMakeLists.txt"
-    for program in $programs; do
-        say "running $program"
-        "$program" "$@"
-    done
+    say "running the benchmarks of build/release; the table takes a minute"
+    python3 -B bench/table.py build/release "$@"
 }
 
 # usage: install_release PREFIX

@@ -7,6 +7,7 @@ packages_build="
     libboost-dev libboost-filesystem-dev libboost-regex-dev libboost-thread-dev
     liblmdb-dev libnl-route-3-dev libudev-dev libsystemd-dev libcli11-dev
     libgtest-dev libgmock-dev libbenchmark-dev libumockdev-dev umockdev libpulse-dev pulseaudio pulseaudio-utils iproute2"
+packages_bench="libglib2.0-dev libjson-glib-dev"
 packages_tidy="clang clang-tidy"
 packages_fuzz="clang libclang-rt-14-dev"
 packages_checks="$packages_tidy $packages_fuzz clang-format valgrind doxygen zsh"
