@@ -91,7 +91,11 @@ protected:
     void sweep(const std::string& path, int stride = 1) {
         const std::string before = valueOf(path);
         const PreparedCall call = GetParam().prepare(path);
+        // What is made once and kept is made in the first of two runs.
+        runWithFault(call, 0);
+        change(path, before);
         const Outcome good = runWithFault(call, 0);
+        EXPECT_LE(good.blocksLeft, blocksKept(path)) << path;
         const std::string wanted = valueOf(path);
         bool metFault = true;
         int leaks = 0;
@@ -117,7 +121,15 @@ private:
         EXPECT_TRUE(isRight || tellsMore(outcome, good)) << outcome.answer.text;
     }
 
-    /** What is made once and kept is made in the first of two runs. */
+    /** The last answer about used memory is kept until the next question. */
+    static std::size_t blocksKept(const std::string& path) {
+        const bool asksForIt = std::string(GetParam().name).find("All") != std::string::npos ||
+                               std::string(GetParam().name) == "DumpEveryCategory" ||
+                               path == "/SystemInformation/LumoraWidgetAppUsage";
+        return asksForIt ? 4 : 0;
+    }
+
+    /** Whether both of two runs leave more than the undisturbed one. */
     static bool leavesBlocks(const PreparedCall& call, int nth, const Outcome& outcome,
                              const Outcome& good) {
         return outcome.blocksLeft > good.blocksLeft &&
