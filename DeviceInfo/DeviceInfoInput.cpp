@@ -151,6 +151,38 @@ usb_device_h walkTo(usb_device_list_h list, int index) {
     return device;
 }
 
+struct UsbTexts {
+    std::string product;
+    std::string manufacturer;
+};
+
+std::string textOrEmpty(const char* text) {
+    return text != nullptr ? text : "";
+}
+
+/// What is attached, first to last, up to a number of devices.
+std::vector<UsbTexts> attachedUsbDevices(std::size_t most) {
+    const UsbService service;
+    const UsbDeviceList list = listUsbDevices();
+    std::vector<UsbTexts> attached;
+    usb_device_h device = nullptr;
+    bool found = list && usb_device_list_get_first(list.get(), &device) == 0;
+    while (found && device != nullptr && attached.size() < most) {
+        attached.push_back({textOrEmpty(usb_device_get_product(device)),
+                            textOrEmpty(usb_device_get_manufacturer(device))});
+        found = usb_device_list_get_next(list.get(), &device) == 0;
+    }
+    return attached;
+}
+
+InputDevice usbInput(const std::string& name, const std::vector<UsbTexts>& attached) {
+    const auto index = static_cast<std::size_t>(deviceIndex(name));
+    if (index > attached.size()) {
+        return {name, "0", "", ""};
+    }
+    return {name, "1", attached[index - 1].product, attached[index - 1].manufacturer};
+}
+
 const char* textOf(usb_device_h device, const std::string& detail) {
     if (detail == "model") {
         return usb_device_get_product(device);
@@ -303,4 +335,15 @@ std::string DeviceInfoInput::getUSBDetail(const std::string& detail) {
     const usb_device_h device = list ? walkTo(list.get(), index) : nullptr;
     const char* const text = device != nullptr ? textOf(device, detail) : nullptr;
     return text != nullptr ? text : none;
+}
+
+std::vector<InputDevice> DeviceInfoInput::describeInputDevices() {
+    const std::vector<UsbTexts> attached = attachedUsbDevices(m_devices.size());
+    std::vector<InputDevice> inputs;
+    for (const std::string& name : m_devices) {
+        const bool isUsb = name.compare(0, 3, "USB") == 0;
+        inputs.push_back(isUsb ? usbInput(name, attached)
+                               : InputDevice{name, getInputDeviceStatus(name), "", ""});
+    }
+    return inputs;
 }

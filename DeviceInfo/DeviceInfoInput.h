@@ -1,5 +1,6 @@
 #pragma once
 
+#include "InputDevice.h"
 #include "ValueTypes.h"
 
 #include <string>
@@ -54,6 +55,10 @@ public:
     /// @param detail "model" or "vendor"
     /// @return the text; "0" when there is no such device or text
     std::string getUSBDetail(const std::string& detail);
+
+    /// @return every input device with its state; for the USB ones state and texts come from one
+    ///         list of what is attached
+    std::vector<InputDevice> describeInputDevices();
 
 private:
     bool isHdmi(int source);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CpuInfo.h"
+#include "InputDevice.h"
 #include "KLXExport.h"
 #include "PropertyAccessor.h"
 #include "PropertyDescription.h"
@@ -118,6 +119,19 @@ public:
     /// }
     /// @endcode
     KLX_API static bool DescribeProperties(std::vector<PropertyDescription>& properties);
+
+    /// Lists the external inputs with their states and with what is attached to the USB ones, as
+    /// one look at the set shows them. No property tells the latter for each device.
+    /// @param devices receives the inputs in their fixed order, HDMI, AV, COMP, SCART, USB; left as
+    ///                it is on failure
+    /// @return false only when the creation of the instance failed, a platform call threw or memory
+    ///         ran out; a state that cannot be read is logged and shows in that input only
+    /// @code
+    /// std::vector<InputDevice> devices;
+    /// CDeviceInfoManager::ListInputDevices(devices);
+    /// // devices.back(): {"USB4", "0", "", ""}
+    /// @endcode
+    KLX_API static bool ListInputDevices(std::vector<InputDevice>& devices);
 
     // The diagnostics below need no initialisation.
 

@@ -21,14 +21,14 @@ PROVIDERS = ["platform/host", "tests/fake"]
 # its source stands above, because it walks the catalogue.
 STEPS = [
     ("manager", ["DeviceInfoManager*", "*Document*", "EntityGrowth.*", "PropertyPath.*",
-                 "PropertyDescription.cpp"]),
+                 "PropertyDescription.cpp", "InputDevice.cpp"]),
     ("registry", ["DeviceProperty.cpp"]),
     ("catalogue", ["PropertyCatalogue.*", "*Binding.*", "catalogue/*"]),
     ("registry class", ["DeviceProperty.h"]),
     ("backends", ["DeviceInfoAV*", "DeviceInfoGeneral*", "DeviceInfoInput*", "DeviceInfoNetwork*",
                   "factoryInfo*"]),
     ("helpers", ["NetworkAPI*", "commonUtil.h"]),
-    ("types", ["CpuInfo.h", "PropertyAccessor.h", "PropertyDescription.h",
+    ("types", ["CpuInfo.h", "InputDevice.h", "PropertyAccessor.h", "PropertyDescription.h",
                "ValueTypes.h"]),
 ]
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+/// One external input of the set, with what is attached to it.
+struct InputDevice {
+    /// The input's name, "HDMI1" to "USB4".
+    std::string name;
+
+    /// For HDMI inputs "0" for nothing connected, "1" or "2" for something connected, "-1" when the
+    /// set does not tell; for the others "1" when something is connected, else "0".
+    std::string state;
+
+    /// What an attached USB storage device tells of itself; "" for all others, and where it tells
+    /// nothing.
+    std::string product;
+    std::string manufacturer;
+};
