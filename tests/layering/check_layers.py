@@ -116,7 +116,7 @@ class Tree:
         if area in layers.FREE_AREAS:
             return True
         allowed = layers.AREAS[area][0]
-        return area_of(target) in allowed or ("public headers" in allowed and target in self.public)
+        return {area_of(target), target} & set(allowed) or ("public headers" in allowed and target in self.public)
 
     def check_step(self, path, number, target):
         if not path.startswith("DeviceInfo/"):

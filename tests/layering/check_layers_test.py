@@ -21,7 +21,8 @@ SOUND_TREE = {
     "DeviceInfo/DeviceProperty.cpp": '#include "PropertyCatalogue.h"\n',
     "DeviceInfo/PropertyCatalogue.h": '#include "DeviceProperty.h"\n',
     "DeviceInfo/DeviceInfoGeneral.h": "#include <vconf.h>\n",
-    "tools/klxctl/main.cpp": "#include <CLI/CLI.hpp>\n#include <DeviceInfoManager.h>\n",
+    "tools/klxctl/main.cpp":
+        "#include <CLI/CLI.hpp>\n#include <DeviceInfoManager.h>\n#include <vconf.h>\n",
     "tests/fake/FakePlatform.h": "#include <map>\n",
     "tests/unit/FakeTest.cpp": '#include "FakePlatform.h"\n#include <gtest/gtest.h>\n',
     "cmake/public-headers.txt":
@@ -75,6 +76,10 @@ class CheckLayers(unittest.TestCase):
     def test_a_tool_sees_public_headers_only(self):
         self.expect_breach("tools/klxctl/A.cpp", "#include <DeviceProperty.h>\n",
                            "DeviceInfo/DeviceProperty.h")
+
+    def test_a_tool_may_know_the_settings_store_alone_of_the_platform(self):
+        self.expect_breach("tools/klxctl/A.cpp", "#include <dlog.h>\n",
+                           "platform/include/dlog.h")
 
     def test_a_backend_must_not_include_the_manager(self):
         self.expect_breach("DeviceInfo/DeviceInfoAV.cpp", '#include "DeviceInfoManager.h"\n',

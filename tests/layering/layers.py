@@ -8,7 +8,7 @@ AREAS = {
     "DeviceInfo": (["common", "platform/include"], ["boost", "libxml2", "jsoncpp", "v4l2"]),
     "platform/host": (["platform/include"], ["lmdb", "libnl", "udev", "systemd", "jsoncpp",
                                             "pulse"]),
-    "tools": (["public headers"], ["cli11", "libxml2", "jsoncpp"]),
+    "tools": (["public headers", "platform/include/vconf.h"], ["cli11", "libxml2", "jsoncpp"]),
     "tests/fake": (["platform/include"], ["googletest", "v4l2"]),
 }
 

@@ -19,6 +19,10 @@ struct Command {
 void addGetCommand(CLI::App& app, Command& chosen);
 void addSetCommand(CLI::App& app, Command& chosen);
 void addDumpCommand(CLI::App& app, Command& chosen);
+void addListCommand(CLI::App& app, Command& chosen);
+void addInputsCommand(CLI::App& app, Command& chosen);
+/// Only where the host platform stands in for a set: a set's ports are its own.
+void addPortCommand(CLI::App& app, Command& chosen);
 void addStatCommand(CLI::App& app, Command& chosen);
 void addFmsCommand(CLI::App& app, Command& chosen);
 void addRestoreCommand(CLI::App& app, Command& chosen);

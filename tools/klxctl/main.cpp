@@ -24,6 +24,11 @@ void declare(CLI::App& app, Command& chosen) {
     addGetCommand(app, chosen);
     addSetCommand(app, chosen);
     addDumpCommand(app, chosen);
+    addListCommand(app, chosen);
+    addInputsCommand(app, chosen);
+#ifdef KLXCTL_PLAYS_PORTS
+    addPortCommand(app, chosen);
+#endif
     addStatCommand(app, chosen);
     addFmsCommand(app, chosen);
     addRestoreCommand(app, chosen);

@@ -27,9 +27,9 @@ void expectUsageError(const Outcome& outcome, const std::string& part) {
 } // namespace
 
 TEST_F(KlxctlTest, HelpNamesEveryCommandAndEveryExitStatus) {
-    expectHelp(run({"--help"}),
-               {"Usage: klxctl", "get ", "set ", "dump ", "stat ", "fms ", "restore ", "reset ",
-                "diff ", "0 done", "1 the operation", "2 wrong arguments", "3 the set", "KLX_LOG"});
+    expectHelp(run({"--help"}), {"Usage: klxctl", "get ", "set ", "dump ", "list ", "inputs ",
+                                 "port ", "stat ", "fms ", "restore ", "reset ", "diff ", "0 done",
+                                 "1 the operation", "2 wrong arguments", "3 the set", "KLX_LOG"});
     EXPECT_EQ(run({"-h"}).output, run({"--help"}).output);
 }
 
@@ -45,6 +45,10 @@ TEST_F(KlxctlTest, HelpOfACommandTellsItsArguments) {
     expectHelp(run({"reset", "--help"}), {"Usage: klxctl reset", "PATH", "--all ", "--dry-run",
                                           "--all-or-nothing", "--json"});
     expectHelp(run({"diff", "--help"}), {"Usage: klxctl diff", "FILE", "--json", "1 differences"});
+    expectHelp(run({"list", "--help"}),
+               {"Usage: klxctl list", "CATEGORY", "--changed", "--writable", "--json"});
+    expectHelp(run({"inputs", "--help"}), {"Usage: klxctl inputs", "--json"});
+    expectHelp(run({"port", "--help"}), {"Usage: klxctl port", "NAME STATE", "HDMI"});
     expectHelp(run({"stat", "--help"}), {"Usage: klxctl stat", "--json", "--watch SECONDS"});
     expectHelp(run({"fms", "--help"}), {"Usage: klxctl fms", "get ", "set "});
     expectHelp(run({"fms", "get", "--help"}), {"Usage: klxctl fms get", "KEY", "--type TYPE"});

@@ -1,0 +1,161 @@
+#include "KlxctlTest.h"
+
+#include <gmock/gmock.h>
+#include <json/json.h>
+
+#include <fcntl.h>
+#include <pty.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <sstream>
+
+using testing::ContainsRegex;
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+class ListTest : public KlxctlTest {
+protected:
+    /// What `list --json` prints; fails the test when that is no array.
+    Json::Value listed(std::vector<std::string> arguments = {}) const {
+        arguments.insert(arguments.begin(), {"list", "--json"});
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 0) << outcome.messages;
+        Json::Value list;
+        std::istringstream stream(outcome.output);
+        std::string errors;
+        EXPECT_TRUE(Json::parseFromStream(Json::CharReaderBuilder(), stream, &list, &errors))
+            << errors;
+        EXPECT_TRUE(list.isArray());
+        return list;
+    }
+
+    std::vector<std::string> pathsIn(const std::vector<std::string>& arguments) const {
+        std::vector<std::string> paths;
+        for (const Json::Value& each : listed(arguments)) {
+            paths.push_back(each["path"].asString());
+        }
+        return paths;
+    }
+
+    Json::Value only(const std::string& path) const {
+        const Json::Value list = listed({path});
+        EXPECT_EQ(list.size(), 1U);
+        return list[0];
+    }
+};
+
+/// What the tool prints on a terminal.
+std::string onATerminal(ToolRun tool, const std::vector<std::string>& arguments) {
+    int outside = -1;
+    int inside = -1;
+    std::array<char, 256> name = {};
+    EXPECT_EQ(openpty(&outside, &inside, name.data(), nullptr, nullptr), 0);
+    EXPECT_EQ(tool.environment("TERM", "xterm").outputTo(name.data()).run(arguments).status, 0);
+    std::array<char, 65536> printed = {};
+    const ssize_t size = read(outside, printed.data(), printed.size());
+    close(inside);
+    close(outside);
+    return {printed.data(), size > 0 ? static_cast<std::size_t>(size) : 0};
+}
+
+} // namespace
+
+TEST_F(ListTest, ShowsPathValueDefaultChangeAndWritability) {
+    ASSERT_EQ(run({"set", "/Picture/Backlight", "17"}).status, 0);
+    const std::string table = run({"list", "Picture"}).output;
+    EXPECT_THAT(table, StartsWith("PROPERTY "));
+    EXPECT_THAT(table, ContainsRegex("\n/Picture/Backlight +17 +[0-9]+ +yes +yes\n"));
+    EXPECT_THAT(table, ContainsRegex("\n/Picture/Contrast +[0-9]+ +[0-9]+ +yes\n"));
+}
+
+TEST_F(ListTest, HoldsEveryPropertyInByteOrder) {
+    const std::vector<std::string> paths = pathsIn({});
+    EXPECT_EQ(paths.size(), 122U);
+    EXPECT_TRUE(std::is_sorted(paths.begin(), paths.end()));
+}
+
+TEST_F(ListTest, ValuesAreThoseOfGet) {
+    std::vector<std::string> arguments = {"get"};
+    std::string expected;
+    for (const Json::Value& each : listed()) {
+        // The memory in use is another one each time.
+        if (each["path"] != "/SystemInformation/LumoraWidgetAppUsage") {
+            arguments.push_back(each["path"].asString());
+            expected += each["path"].asString() + "\t" + each["value"].asString() + "\n";
+        }
+    }
+    EXPECT_EQ(run(arguments).output, expected);
+}
+
+TEST_F(ListTest, JsonTellsDefaultsOfEveryKind) {
+    EXPECT_EQ(only("/Network/IPMode")["default"], "DHCP");
+    EXPECT_EQ(only("/Network/IP")["default"], "");
+    EXPECT_EQ(only(number)["default"], "2");
+    EXPECT_TRUE(only("/SetInformation/ProductType")["default"].isNull());
+}
+
+TEST_F(ListTest, JsonTellsWhatIsWritableAndChanged) {
+    ASSERT_EQ(run({"set", number, "4"}).status, 0);
+    EXPECT_EQ(only(number)["writable"], true);
+    EXPECT_EQ(only(number)["changed"], true);
+    EXPECT_EQ(only(flag)["changed"], false);
+    EXPECT_EQ(only("/SetInformation/SerialNumber")["writable"], false);
+    EXPECT_EQ(only("/SetInformation/SerialNumber")["changed"], false);
+}
+
+TEST_F(ListTest, OfACategoryHoldsThatOneOnly) {
+    const std::vector<std::string> general = pathsIn({"General"});
+    EXPECT_THAT(general, Each(StartsWith("/General/")));
+    EXPECT_THAT(general, Not(IsEmpty()));
+    EXPECT_EQ(pathsIn({"/General/"}), general);
+}
+
+TEST_F(ListTest, OfSeveralCategoriesAndMenusHoldsEachPropertyOnce) {
+    const std::vector<std::string> paths =
+        pathsIn({"Support", "Picture/Expert Settings", "Support"});
+    EXPECT_THAT(paths, ElementsAre("/Picture/Expert Settings/Apply Picture Settings",
+                                   "/Picture/Expert Settings/Film Mode",
+                                   "/Support/Software Update/Update with Cellular Network",
+                                   "/Support/SoftwareUpdate_AutoUpdate"));
+}
+
+TEST_F(ListTest, ChangedIsNothingOnAFreshSetAndThenWhatWasSet) {
+    EXPECT_THAT(pathsIn({"--changed"}), IsEmpty());
+    ASSERT_EQ(run({"set", number, "4"}).status, 0);
+    EXPECT_THAT(pathsIn({"--changed"}), ElementsAre(number));
+    EXPECT_THAT(pathsIn({"--changed", "Picture"}), IsEmpty());
+}
+
+TEST_F(ListTest, WritableLeavesOutWhatIsReadOnly) {
+    for (const Json::Value& each : listed({"--writable"})) {
+        EXPECT_EQ(each["writable"], true) << each["path"];
+    }
+    EXPECT_THAT(pathsIn({"--writable", "Network"}), IsEmpty());
+}
+
+TEST_F(ListTest, OfAnUnknownCategoryIsAnErrorThatNamesTheNearest) {
+    const Outcome outcome = run({"list", "Pictur"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_THAT(outcome.messages, HasSubstr("\"Pictur\"; did you mean\n  \"Picture\"\n"));
+    EXPECT_EQ(run({"list", ""}).status, 2);
+}
+
+TEST_F(ListTest, IsColouredOnATerminalOnly) {
+    EXPECT_THAT(run({"list", "Network"}).output, Not(HasSubstr("\033")));
+    EXPECT_THAT(onATerminal(tool(), {"list", "Network"}), HasSubstr("\033["));
+    EXPECT_THAT(onATerminal(tool(), {"list", "--json", "Network"}), Not(HasSubstr("\033")));
+}
+
+TEST_F(ListTest, IsNeverColouredWithNoColor) {
+    EXPECT_THAT(onATerminal(tool().environment("NO_COLOR", "1"), {"list", "Network"}),
+                Not(HasSubstr("\033")));
+}
