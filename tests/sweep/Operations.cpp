@@ -105,6 +105,20 @@ PreparedCall initializing(const std::string&) {
     };
 }
 
+PreparedCall describing(const std::string&) {
+    return [](Answer& answer) {
+        std::vector<PropertyDescription> properties;
+        answer.done = CDeviceInfoManager::DescribeProperties(properties);
+    };
+}
+
+PreparedCall listingInputs(const std::string&) {
+    return [](Answer& answer) {
+        std::vector<InputDevice> devices;
+        answer.done = CDeviceInfoManager::ListInputDevices(devices);
+    };
+}
+
 template <class Ask>
 PreparedCall diagnosing(Ask ask) {
     return [ask](Answer& answer) {
@@ -158,6 +172,8 @@ std::vector<Operation> operationsOnAProperty() {
 std::vector<Operation> otherOperations() {
     return {
         {"Initialize", &initializing, false},
+        {"DescribeProperties", &describing, false},
+        {"ListInputDevices", &listingInputs, false},
         {"GetUnknown",
          [](const std::string&) { return reading("/No such menu at all/No such property"); },
          false},

@@ -71,6 +71,7 @@ std::vector<const PropertyDescription*> selectedProperties(const KnownProperties
         }
     }
     std::vector<const PropertyDescription*> properties;
+    properties.reserve(selected.size());
     for (const auto& [path, property] : selected) {
         properties.push_back(property);
     }
@@ -83,6 +84,7 @@ listedProperties(const std::vector<const PropertyDescription*>& properties) {
     Texts values = textsIn(document, "value");
     Texts defaults = textsIn(document, "default");
     std::vector<ListedProperty> all;
+    all.reserve(properties.size());
     for (const PropertyDescription* const property : properties) {
         ListedProperty listed{property->path, "", property->fixedDefault, property->isWritable};
         if (asksForDefault(*property)) {

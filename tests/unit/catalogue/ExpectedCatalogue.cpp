@@ -128,11 +128,11 @@ std::vector<CatalogueRow> generalRows() {
         row("/General & Privacy/Start screen option/Autorun Multi View When Rotating", flagSet)
             .given([](Scene& scene) { scene.settingsItem("autorun-multiview-rotating", 5); })
             .reads({"SettingsService.Get()",
-                    "SettingsService.GetItemValue(\"autorun-multiview-rotating\", \"\")"},
+                    R"(SettingsService.GetItemValue("autorun-multiview-rotating", ""))"},
                    "5")
             .writes("7",
                     {"SettingsService.Get()",
-                     "SettingsService.SetItemValue(\"autorun-multiview-rotating\", \"7\", true)"}),
+                     R"(SettingsService.SetItemValue("autorun-multiview-rotating", "7", true))"}),
         integerKey("/General & Privacy/Accessibility/Audio Description Settings/Audio Description",
                    "db/menu/system/accessibility/audio_description"),
         integerKey("/General & Privacy/Accessibility/Caption Settings/Caption",
