@@ -56,12 +56,19 @@ std::vector<CommandLine> commandLines() {
     diff.outputFailed = 2;
     diff.withoutStore = 1;
     diff.withReadOnlyStore = 1;
+    // What is connected is not kept with the settings.
+    CommandLine port{"Port", {"port", "HDMI2", "connected"}};
+    port.prints = false;
     return {
         reading("Get", {"get", "/Picture/Backlight"}),
         reading("GetSeveral", {"get", "/Picture/Backlight", "/Sound/Mute"}),
         set,
         reading("Dump", {"dump", "Picture/Backlight"}),
         reading("DumpJson", {"dump", "Picture/Backlight", "--format", "json"}),
+        reading("List", {"list", "Picture"}),
+        reading("ListJson", {"list", "Picture", "--json"}),
+        {"Inputs", {"inputs"}},
+        port,
         writing("Restore", {"restore", "DOCUMENT"}),
         writing("RestoreAllOrNothing", {"restore", "DOCUMENT", "--all-or-nothing"}),
         reset,
