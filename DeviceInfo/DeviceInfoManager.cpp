@@ -177,6 +177,7 @@ CDeviceInfoManager::CDeviceInfoManager(PropertyAccessorMap&& properties)
       m_specialPaths{"/Factory/ND_ADJ", "/Picture/Expert Settings/HDR+ Mode",
                      "/Picture/Picture Mode"} {
     // Before the first document, so that no two threads initialise the parser at once.
+    const auto noise = KLX::XmlErrorScope::toLog();
     xmlInitParser();
 }
 
