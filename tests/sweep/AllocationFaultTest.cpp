@@ -1,10 +1,10 @@
 #include "AllocationFaults.h"
+#include "Stride.h"
 #include "SweepTest.h"
 
 #include <libxml/xmlerror.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <set>
 
 using namespace klx::test;
@@ -161,17 +161,10 @@ TEST_P(OtherAllocationFaultTest, CostsNoMoreThanTheAnswer) {
 INSTANTIATE_TEST_SUITE_P(Each, OtherAllocationFaultTest, ::testing::ValuesIn(otherOperations()),
                          nameOf);
 
-/** Whole documents take thousands of allocations; KLX_SWEEP_STRIDE=1 fails each of them. */
-int strideForDocuments() {
-    const char* const text = std::getenv("KLX_SWEEP_STRIDE");
-    constexpr int usual = 13;
-    return text != nullptr ? std::max(1, std::atoi(text)) : usual;
-}
-
 class DocumentAllocationFaultTest : public AllocationFaultTest {};
 
 TEST_P(DocumentAllocationFaultTest, CostsNoMoreThanTheAnswer) {
-    sweep("/Picture/Backlight", strideForDocuments());
+    sweep("/Picture/Backlight", strideForLongSweeps());
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, DocumentAllocationFaultTest, ::testing::ValuesIn(operationsOnAll()),

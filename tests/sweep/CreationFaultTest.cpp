@@ -1,0 +1,112 @@
+#include "AllocationFaults.h"
+#include "DeviceInfoManager.h"
+#include "Documents.h"
+#include "KnowingScene.h"
+#include "LogMatchers.h"
+#include "Operations.h"
+
+#include <gmock/gmock.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace klx::test;
+namespace fake = klx::fake;
+
+namespace {
+
+/** How a process ended that made the first call of all. */
+enum Ending : int { undisturbed, survived, wrong };
+
+/** The instance is there, or is made now, and knows all properties. */
+bool serves() {
+    std::string document;
+    return CDeviceInfoManager::Initialize() &&
+           CDeviceInfoManager::GetDeviceInfo({{"Sound", {"*"}}}, document, "",
+                                             CDeviceInfoManager::DATA_FORMAT_XML) &&
+           entriesOf(document).count("/Sound/Mute") == 1 && allPaths().size() == 122;
+}
+
+bool wasTold() {
+    return !fake::messages(5).empty() || !fake::messages(6).empty();
+}
+
+Ending makeFirstCall(const PreparedCall& call, int nth) {
+    Answer answer;
+    AllocationFaults faults(nth);
+    call(answer);
+    faults.disarm();
+    if (!faults.metFault()) {
+        return answer.done && serves() ? undisturbed : wrong;
+    }
+    return (answer.done || wasTold()) && serves() ? survived : wrong;
+}
+
+/** Runs the body in a process of its own. @return its ending, or minus the signal that ended it */
+template <class Body>
+int inOwnProcess(Body body) {
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(body());
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+/** The first call of a process; this process itself never makes one. */
+class CreationFaultTest : public ::testing::TestWithParam<Operation> {
+protected:
+    CreationFaultTest() { programServices(scene); }
+
+    fake::Scene scene;
+};
+
+TEST_P(CreationFaultTest, IsTriedAgainAndToldInTheLogOnlyWhicheverAllocationFails) {
+    const PreparedCall call = GetParam().prepare("/Sound/Mute");
+    ::testing::internal::CaptureStderr();
+    int ending = survived;
+    for (int nth = 1; ending == survived; ++nth) {
+        ending = inOwnProcess([&call, nth] { return makeFirstCall(call, nth); });
+        EXPECT_THAT(ending, ::testing::AnyOf(survived, undisturbed)) << "allocation " << nth;
+    }
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_P(CreationFaultTest, SucceedsWhicheverLineTheLogRefuses) {
+    const PreparedCall call = GetParam().prepare("/Sound/Mute");
+    constexpr int lines = 12;
+    for (int nth = 1; nth <= lines; ++nth) {
+        EXPECT_EQ(inOwnProcess([this, &call, nth] {
+                      scene.failNth("__dlog_print", nth, -1);
+                      return makeFirstCall(call, 0);
+                  }),
+                  undisturbed)
+            << "line " << nth;
+    }
+}
+
+TEST_P(CreationFaultTest, SucceedsWhenTheModelCannotBeTold) {
+    const PreparedCall call = GetParam().prepare("/Sound/Mute");
+    EXPECT_EQ(inOwnProcess([this, &call] {
+                  scene.fail("system_info_get_custom_int", -1);
+                  return makeFirstCall(call, 0);
+              }),
+              undisturbed);
+}
+
+/** Those that can be prepared without a call to the library. */
+std::vector<Operation> firstCalls() {
+    std::vector<Operation> calls = {otherOperations().front()};
+    for (const Operation& operation : operationsOnAProperty()) {
+        if (std::string(operation.name).find("Restore") == std::string::npos) {
+            calls.push_back(operation);
+        }
+    }
+    return calls;
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, CreationFaultTest, ::testing::ValuesIn(firstCalls()),
+                         [](const auto& each) { return std::string(each.param.name); });
+
+} // namespace
