@@ -14,9 +14,9 @@ CDeviceProperty* CDeviceProperty::GetInstance() {
 }
 
 void CDeviceProperty::createPropertyAccessor(PropertyAccessorMap& properties) {
-    for (const PropertyRow& row : propertyCatalogue()) {
+    visitCatalogue([this, &properties](const PropertyRow& row) {
         properties[row.path] = row.binding.bindTo(*this);
-    }
+    });
 }
 
 void emptySetter(const std::string&) {}

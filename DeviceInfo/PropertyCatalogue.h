@@ -16,5 +16,16 @@ std::vector<PropertyRow> generalRows();
 std::vector<PropertyRow> setInformationRows();
 std::vector<PropertyRow> networkRows();
 
-/// Every property that the library answers to.
+/// Shows every property that the library answers to, one group of rows after the other.
+template <class Visit>
+void visitCatalogue(Visit visit) {
+    for (const auto rows :
+         {inputRows, pictureAndSoundRows, generalRows, setInformationRows, networkRows}) {
+        for (const PropertyRow& row : rows()) {
+            visit(row);
+        }
+    }
+}
+
+/// The same as one list, for whoever wants to keep them.
 std::vector<PropertyRow> propertyCatalogue();

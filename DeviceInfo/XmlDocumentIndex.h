@@ -2,6 +2,7 @@
 
 #include <libxml/tree.h>
 
+#include <array>
 #include <cstddef>
 #include <memory_resource>
 #include <string>
@@ -48,8 +49,10 @@ private:
     };
 
     xmlDocPtr m_document;
-    // Elements are only ever added, and all are forgotten at once.
-    std::pmr::monotonic_buffer_resource m_memory;
+    // Elements are only ever added, and all are forgotten at once. The catalogue's fit in here; the
+    // allocator, which has small blocks ready for the tree, is not asked for large ones in between.
+    std::array<std::byte, 16384> m_own;
+    std::pmr::monotonic_buffer_resource m_memory{m_own.data(), m_own.size()};
     std::pmr::unordered_map<Child, xmlNodePtr, ChildHash> m_elements{&m_memory};
 };
 
