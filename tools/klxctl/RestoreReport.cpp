@@ -193,7 +193,10 @@ void reportCircumstances(const Restoration& restoration) {
     if (restoration.isPutBack) {
         reportPutBack(restoration);
     } else if (restoration.options.isAllOrNothing && isHopeless(restoration)) {
-        report("nothing is written, for not everything can be held");
+        report(std::string("nothing is written, for not everything can be held") +
+               (count(restoration, Verdict::ReadOnly) > 0
+                    ? "; \"klxctl restore --settings-only\" leaves out what is read-only"
+                    : ""));
     }
 }
 

@@ -14,7 +14,7 @@ protected:
     }
 
     std::string dumped(const std::string& name, const std::string& format) const {
-        const std::string file = outputFolder() / name;
+        std::string file = outputFolder() / name;
         EXPECT_EQ(run({"dump", "Picture", "Input", "--format", format, "-o", file}).status, 0);
         return file;
     }

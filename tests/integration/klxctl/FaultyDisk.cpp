@@ -68,12 +68,12 @@ extern "C" __attribute__((visibility("default"))) int fsync(int fd) {
     return bringToDisk(fd, SYS_fsync);
 }
 
-extern "C" __attribute__((visibility("default"))) int fdatasync(int fd) {
-    return bringToDisk(fd, SYS_fdatasync);
+extern "C" __attribute__((visibility("default"))) int fdatasync(int fildes) {
+    return bringToDisk(fildes, SYS_fdatasync);
 }
 
-extern "C" __attribute__((visibility("default"))) int statvfs(const char* path,
-                                                              struct statvfs* figures) {
+extern "C" __attribute__((visibility("default"))) int statvfs(const char* file,
+                                                              struct statvfs* buf) {
     const char* const setting = std::getenv("KLXCTL_TEST_STATVFS");
     if (setting != nullptr && std::string(setting) == "fail") {
         errno = EIO;
@@ -81,5 +81,5 @@ extern "C" __attribute__((visibility("default"))) int statvfs(const char* path,
     }
     using Statvfs = int (*)(const char*, struct statvfs*);
     static const auto real = reinterpret_cast<Statvfs>(dlsym(RTLD_NEXT, "statvfs"));
-    return real(path, figures);
+    return real(file, buf);
 }

@@ -16,7 +16,7 @@ std::set<std::string> pathsIn(const Json::Value& entries) {
 class RoundTripTest : public RestoreTest, public testing::WithParamInterface<const char*> {
 protected:
     std::string dumped(const std::string& name) const {
-        const std::string file = outputFolder() / name;
+        std::string file = outputFolder() / name;
         // Everything: a request for "*" leaves categories out.
         const Outcome outcome =
             run({"dump", "Picture", "General", "General & Privacy", "Sound", "Broadcasting",

@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
