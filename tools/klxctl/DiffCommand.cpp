@@ -30,12 +30,13 @@ struct DiffArguments {
 };
 
 /// What the set holds, in a document of the same form, which may show less than single reads do.
-std::vector<Setting> settingsOfSet(const SettingsDocument& likeness) {
+std::vector<Setting> settingsOfSet(const SettingsDocument& likeness, const KnownProperties& known) {
     Progress progress;
     progress.tell("reading the set");
     DocumentRequest request;
     for (const Setting& setting : likeness.settings()) {
-        if (const std::optional<PathParts> parts = partsOf(setting.path)) {
+        const std::optional<PathParts> parts = partsOf(setting.path);
+        if (parts && known.find(setting.path) != nullptr) {
             request[parts->category].push_back(parts->rest);
         }
     }
@@ -84,9 +85,10 @@ ExitStatus diff(const DiffArguments& given) {
         throw Failure(ExitStatus::Trouble, "standard input can be read but once");
     }
     const SettingsDocument first = readDocument(given.files[0]);
+    const KnownProperties known;
     const std::vector<Setting> second =
-        isWithSet ? settingsOfSet(first) : readDocument(given.files[1]).settings();
-    const auto differences = differencesBetween(first.settings(), second, KnownProperties());
+        isWithSet ? settingsOfSet(first, known) : readDocument(given.files[1]).settings();
+    const auto differences = differencesBetween(first.settings(), second, known);
     writeOutput(given.asJson ? jsonOf(differences)
                              : textOf(differences, documentName(given.files[0]),
                                       isWithSet ? "the set" : documentName(given.files[1])));

@@ -13,6 +13,7 @@
 #include <array>
 #include <csignal>
 #include <cstring>
+#include <map>
 
 namespace {
 
@@ -55,9 +56,28 @@ bool isEverythingHeld(const Restoration& restoration) {
         [](const PropertyOutcome& outcome) { return wordOf(outcome.verdict).isGood; });
 }
 
-std::vector<std::string> nearestTo(const PropertyOutcome& outcome, const KnownProperties& known) {
-    return outcome.verdict == Verdict::Unknown ? nearestNames(outcome.path, known.paths())
-                                               : std::vector<std::string>();
+/// The names that are similar to an unknown path.
+using SimilarNames = std::map<std::string, std::vector<std::string>>;
+
+/// For the first hundred only, and for none that is no name at all: looking for them takes its
+/// time.
+SimilarNames similarNames(const Restoration& restoration, const KnownProperties& known) {
+    constexpr std::size_t most = 100;
+    constexpr std::size_t longest = 500;
+    const std::vector<std::string> paths = known.paths();
+    SimilarNames names;
+    for (const PropertyOutcome& outcome : restoration.outcomes) {
+        const bool isName = outcome.path.size() <= longest;
+        if (outcome.verdict == Verdict::Unknown && isName && names.size() < most) {
+            names.emplace(outcome.path, nearestNames(outcome.path, paths));
+        }
+    }
+    return names;
+}
+
+std::vector<std::string> namesFor(const PropertyOutcome& outcome, const SimilarNames& similar) {
+    const auto found = similar.find(outcome.path);
+    return found != similar.end() ? found->second : std::vector<std::string>();
 }
 
 std::string wantedBut(const PropertyOutcome& outcome) {
@@ -65,15 +85,15 @@ std::string wantedBut(const PropertyOutcome& outcome) {
     return outcome.held ? wanted + ", holds " + quoted(*outcome.held) : wanted;
 }
 
-std::string unknownDetail(const PropertyOutcome& outcome, const KnownProperties& known) {
+std::string unknownDetail(const PropertyOutcome& outcome, const SimilarNames& similar) {
     std::string names;
-    for (const std::string& name : nearestTo(outcome, known)) {
+    for (const std::string& name : namesFor(outcome, similar)) {
         names += (names.empty() ? "did you mean " : " or ") + quoted(name);
     }
     return names.empty() ? "there is no such property" : names + "?";
 }
 
-std::string detailOf(const PropertyOutcome& outcome, const KnownProperties& known,
+std::string detailOf(const PropertyOutcome& outcome, const SimilarNames& similar,
                      const std::string& noValue) {
     switch (outcome.verdict) {
     case Verdict::Applied:
@@ -84,7 +104,7 @@ std::string detailOf(const PropertyOutcome& outcome, const KnownProperties& know
     case Verdict::LeftAlone:
         return noValue;
     case Verdict::Unknown:
-        return unknownDetail(outcome, known);
+        return unknownDetail(outcome, similar);
     case Verdict::Malformed:
         return "what stands in the value's place is no text";
     case Verdict::PutBack:
@@ -111,18 +131,18 @@ std::string summaryOf(const Restoration& restoration) {
     return summary + "\n";
 }
 
-std::string textOf(const Restoration& restoration, const KnownProperties& known,
+std::string textOf(const Restoration& restoration, const SimilarNames& similar,
                    const std::string& noValue) {
     Table table({"PROPERTY", "RESULT", "VALUE"});
     for (const PropertyOutcome& outcome : restoration.outcomes) {
         const VerdictWord& word = wordOf(outcome.verdict);
-        table.add({outcome.path, Cell(word.word, word.tone), detailOf(outcome, known, noValue)});
+        table.add({outcome.path, Cell(word.word, word.tone), detailOf(outcome, similar, noValue)});
     }
     return (table.isEmpty() ? "" : table.text(mayColour(STDOUT_FILENO)) + "\n") +
            summaryOf(restoration);
 }
 
-Json::Value jsonOf(const PropertyOutcome& outcome, const KnownProperties& known) {
+Json::Value jsonOf(const PropertyOutcome& outcome, const SimilarNames& similar) {
     Json::Value entry;
     entry["path"] = outcome.path;
     entry["result"] = wordOf(outcome.verdict).word;
@@ -134,7 +154,7 @@ Json::Value jsonOf(const PropertyOutcome& outcome, const KnownProperties& known)
     add("wanted", outcome.wanted);
     add("before", outcome.before);
     add("held", outcome.held);
-    for (const std::string& name : nearestTo(outcome, known)) {
+    for (const std::string& name : namesFor(outcome, similar)) {
         entry["nearest"].append(name);
     }
     return entry;
@@ -144,11 +164,11 @@ std::string signalName(int signal) {
     return "SIG" + std::string(sigabbrev_np(signal));
 }
 
-Json::Value jsonOf(const Restoration& restoration, const KnownProperties& known) {
+Json::Value jsonOf(const Restoration& restoration, const SimilarNames& similar) {
     Json::Value root;
     root["properties"] = Json::Value(Json::arrayValue);
     for (const PropertyOutcome& outcome : restoration.outcomes) {
-        root["properties"].append(jsonOf(outcome, known));
+        root["properties"].append(jsonOf(outcome, similar));
     }
     root["summary"]["asked for"] = static_cast<Json::UInt64>(restoration.outcomes.size());
     for (const VerdictWord& word : words) {
@@ -221,8 +241,9 @@ void addRestoreOptions(CLI::App& command, RestoreArguments& given) {
 
 ExitStatus tell(const Restoration& restoration, const KnownProperties& known, bool asJson,
                 const std::string& noValue) {
-    writeOutput(asJson ? jsonText(jsonOf(restoration, known))
-                       : textOf(restoration, known, noValue));
+    const SimilarNames similar = similarNames(restoration, known);
+    writeOutput(asJson ? jsonText(jsonOf(restoration, similar))
+                       : textOf(restoration, similar, noValue));
     reportCircumstances(restoration);
     return statusOf(restoration);
 }

@@ -107,7 +107,10 @@ TEST_F(DiffTest, WithoutADifferenceIsAnEmptyListInJson) {
 }
 
 TEST_F(DiffTest, TellsAPathThatTheSetLacks) {
-    const Report report = this->report({"diff", named("1", R"({"A": {"b": {"Value": "1"}}})")});
+    const std::string file = named("1", R"({"A": {"b": {"Value": "1"}}})");
+    const Outcome outcome = tool().environment("KLX_LOG", "warning").run({"diff", file, "--json"});
+    EXPECT_EQ(outcome.messages, "");
+    const Report report = reportIn(outcome);
     EXPECT_EQ(report.status, 1);
     EXPECT_FALSE(report.root["differences"][0].isMember("second"));
 }

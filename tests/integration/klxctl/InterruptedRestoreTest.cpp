@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <ostream>
 #include <thread>
 
 using testing::HasSubstr;
@@ -16,6 +17,10 @@ struct Case {
     const char* behaviour;
     int signal;
 };
+
+void PrintTo(const Case& each, std::ostream* out) {
+    *out << each.behaviour;
+}
 
 /// Work that a signal interrupts while the first setting is written.
 class InterruptedRestore : public RestoreTest, public testing::WithParamInterface<Case> {

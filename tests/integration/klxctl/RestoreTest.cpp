@@ -276,3 +276,28 @@ TEST_F(RestoreTest, NeedsSomethingToWriteTheReportTo) {
     const std::string file = fileOf(jsonOf("Sound", {{"Mute", "1"}}));
     EXPECT_EQ(tool().outputTo("/dev/full").run({"restore", file}).status, 1);
 }
+
+TEST_F(RestoreTest, OfAHundredThousandUnknownNamesAppliesTheOthers) {
+    Json::Value document;
+    for (int index = 0; index < 100000; ++index) {
+        document["Picture"]["Backlight " + std::to_string(index)]["Value"] = "1";
+    }
+    document["Picture"][std::string(1000000, 'x')]["Value"] = "1";
+    document["Sound"]["Mute"]["Value"] = "1";
+    const Report report = restore(Json::writeString(Json::StreamWriterBuilder(), document));
+    EXPECT_EQ(report.status, 3);
+    EXPECT_EQ(report.count("unknown"), 100001);
+    EXPECT_EQ(report.count("applied"), 1);
+    EXPECT_EQ(valueOf(mute), "1");
+}
+
+TEST_F(RestoreTest, AValueOfManyMegabytesIsTold) {
+    const std::string value(20'000'000, 'x');
+    EXPECT_EQ(run({"restore", fileOf(xmlOf("<menu name=\"Sound\"><property name=\"Mute\" value=\"" +
+                                           value + "\"/></menu>"))})
+                  .status,
+              1);
+    const Report report = restore(jsonOf("Sound", {{"Mute", value}}));
+    EXPECT_EQ(report.status, 3);
+    EXPECT_EQ(report.resultOf(mute), "refused");
+}
