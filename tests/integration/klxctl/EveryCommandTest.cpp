@@ -213,5 +213,18 @@ TEST_P(EveryCommand, ReadsAndDoesNotWriteOnAReadOnlyDisk) {
     EXPECT_EQ(contentOf(stateFolder() / "settings.mdb"), before);
 }
 
+TEST_P(EveryCommand, TellsThatTheDiskOfItsSettingsIsFull) {
+    const auto outcome = inNamespace(
+        R"(mount -t tmpfs -o size=4k,mode=0700 settings "$1" && printf all > "$1/taken")");
+    if (!outcome) {
+        GTEST_SKIP() << "mounting in a namespace of one's own is not permitted here";
+    }
+    EXPECT_EQ(outcome->status, GetParam().withoutStore.value_or(GetParam().done))
+        << outcome->messages;
+    EXPECT_EQ(outcome->messages.find("free space on its disk") != std::string::npos,
+              GetParam().withoutStore.has_value())
+        << outcome->messages;
+}
+
 INSTANTIATE_TEST_SUITE_P(Each, EveryCommand, testing::ValuesIn(commandLines()),
                          [](const auto& line) { return line.param.name; });
