@@ -292,7 +292,8 @@ TEST_F(RestoreTest, OfAHundredThousandUnknownNamesAppliesTheOthers) {
 }
 
 TEST_F(RestoreTest, AValueOfManyMegabytesIsTold) {
-    const std::string value(20'000'000, 'x');
+    std::string value;
+    value.resize(20'000'000, 'x');
     EXPECT_EQ(run({"restore", fileOf(xmlOf("<menu name=\"Sound\"><property name=\"Mute\" value=\"" +
                                            value + "\"/></menu>"))})
                   .status,
