@@ -189,7 +189,7 @@ void Worker::writeOwn() {
     }
 }
 
-void Worker::writeShared() {
+void Worker::writeShared() const {
     const auto letter = static_cast<char>('A' + m_number % 26);
     write(sharedText, std::string(static_cast<std::size_t>(1 + m_writes % 300), letter));
     const std::string text = valueOf(sharedText);

@@ -45,7 +45,7 @@ public:
 private:
     void work(int round);
     void writeOwn();
-    void writeShared();
+    void writeShared() const;
     void restoreOwn(bool asXml);
     void dumpAll(bool asXml) const;
     void diagnose(int round) const;

@@ -1,7 +1,6 @@
 #include "SweepTest.h"
 
 using namespace klx::test;
-namespace fake = klx::fake;
 
 namespace {
 

@@ -5,7 +5,6 @@
 #include <set>
 
 using namespace klx::test;
-namespace fake = klx::fake;
 using ::testing::AnyOf;
 
 namespace {
