@@ -464,6 +464,8 @@ int DeviceInfoGeneral::getMemInfoUtil(long long& free, long long& used, long lon
     // The pair of thresholds is the set's own: from 71 bytes on, 70 are kept back.
     constexpr long long reserve = 70;
     struct statvfs storage {};
+    // Numbers of 32 bits would make the call fail on a large file system.
+    static_assert(sizeof storage.f_blocks == 8 && sizeof(off_t) == 8);
     if (statvfs("/opt", &storage) != 0) {
         KLX_LOG(LogWarning, "statvfs failed");
         return 0;

@@ -54,6 +54,7 @@ public:
 };
 
 // The request's number holds the size of the kernel's structure, so it differs on 64-bit machines.
+static_assert(sizeof(void*) != 4 || sizeof(v4l2_ext_controls) == 24);
 static_assert(sizeof(void*) != 4 || VIDIOC_G_EXT_CTRLS == 0xc0185647u);
 
 /// The HDMI processor's video device, open for as long as this lives.

@@ -7,6 +7,10 @@ target_compile_options(klx_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
     # Log lines carry base names; keep the build folder's own path out of the binaries, too.
     "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
+# Large file systems and times after 2037 on 32-bit machines, too.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    target_compile_definitions(klx_warnings INTERFACE _FILE_OFFSET_BITS=64 _TIME_BITS=64)
+endif()
 
 add_library(klx_options INTERFACE)
 target_link_libraries(klx_options INTERFACE klx_warnings)

@@ -40,7 +40,7 @@ std::size_t fill(int& refusal) {
 void leavePages(const std::string& folder, std::size_t pages) {
     struct statvfs status {};
     ASSERT_EQ(::statvfs(folder.c_str(), &status), 0);
-    const std::size_t free = status.f_bavail * status.f_frsize;
+    const auto free = static_cast<std::size_t>(status.f_bavail * status.f_frsize);
     writeFile(folder + "/ballast", std::string(free - pages * page, 'b'));
 }
 

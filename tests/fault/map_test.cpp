@@ -21,7 +21,7 @@ class Map : public HostTest {
 protected:
     void useSmallMap() { ::setenv("KLX_HOST_MAP_SIZE", std::to_string(mebibyte).c_str(), 1); }
 
-    std::size_t fileSize() const { return std::filesystem::file_size(dataFile()); }
+    std::uintmax_t fileSize() const { return std::filesystem::file_size(dataFile()); }
 
     static void rewrite(int times) {
         for (int i = 0; i < times; ++i) {
@@ -88,7 +88,7 @@ TEST_F(Map, GrowsWhileAPausedReaderHoldsOldPagesAndStopsWhenItIsGone) {
     Program reader(KLX_FAULT_READER, {dataFile(), "1"});
     ASSERT_TRUE(reader.waitForOutput());
     rewrite(60);
-    const std::size_t grown = fileSize();
+    const std::uintmax_t grown = fileSize();
     EXPECT_GT(grown, 3 * mebibyte) << "the reader held nothing";
     reader.kill();
     rewrite(60);

@@ -54,7 +54,8 @@ extern "C" {
 void* __real_malloc(std::size_t size);
 void* __real_calloc(std::size_t count, std::size_t size);
 char* __real_strdup(const char* text);
-void* __real__Znwm(std::size_t size);
+void* __real_operator_new(std::size_t size) __asm__("__real_" KLX_OPERATOR_NEW);
+void* __wrap_operator_new(std::size_t size) __asm__("__wrap_" KLX_OPERATOR_NEW);
 BIO* __real_BIO_new(const BIO_METHOD* method);
 int __real_BIO_write(BIO* bio, const void* data, int size);
 long __real_BIO_ctrl(BIO* bio, int command, long number, void* argument);
@@ -71,11 +72,11 @@ char* __wrap_strdup(const char* text) {
     return failsNow(Failing::strdup) ? nullptr : __real_strdup(text);
 }
 
-void* __wrap__Znwm(std::size_t size) {
+void* __wrap_operator_new(std::size_t size) {
     if (failsNow(Failing::operatorNew)) {
         throw std::bad_alloc();
     }
-    return __real__Znwm(size);
+    return __real_operator_new(size);
 }
 
 BIO* __wrap_BIO_new(const BIO_METHOD* method) {

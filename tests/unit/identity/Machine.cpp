@@ -60,16 +60,30 @@ Machine::~Machine() {
     processorFile = nullptr;
 }
 
+// A 32-bit machine has functions of their own for 64-bit file sizes and times.
+#if __SIZEOF_POINTER__ == 4
+#define FOPEN "fopen64"
+#define STATVFS "statvfs64"
+#define NANOSLEEP "__nanosleep64"
+#else
+#define FOPEN "fopen"
+#define STATVFS "statvfs"
+#define NANOSLEEP "nanosleep"
+#endif
+
 // The linker's names for a wrapped function and the one behind it.
 extern "C" {
 
-std::FILE* __real_fopen(const char* path, const char* mode);
+std::FILE* __real_fopen(const char* path, const char* mode) __asm__("__real_" FOPEN);
+std::FILE* __wrap_fopen(const char* path, const char* mode) __asm__("__wrap_" FOPEN);
 int __real_fclose(std::FILE* file);
 int __real_access(const char* path, int mode);
-int __real_statvfs(const char* path, struct statvfs* figures);
+int __real_statvfs(const char* path, struct statvfs* figures) __asm__("__real_" STATVFS);
+int __wrap_statvfs(const char* path, struct statvfs* figures) __asm__("__wrap_" STATVFS);
 int __real_sysinfo(struct sysinfo* figures);
 int __real_system(const char* command);
-int __real_nanosleep(const struct timespec* duration, struct timespec* left);
+int __real_nanosleep(const timespec* duration, timespec* left) __asm__("__real_" NANOSLEEP);
+int __wrap_nanosleep(const timespec* duration, timespec* left) __asm__("__wrap_" NANOSLEEP);
 
 std::FILE* __wrap_fopen(const char* path, const char* mode) {
     if (machine == nullptr) {
@@ -120,7 +134,7 @@ int __wrap_system(const char* command) {
     return machine->shell(command);
 }
 
-int __wrap_nanosleep(const struct timespec* duration, struct timespec* left) {
+int __wrap_nanosleep(const timespec* duration, timespec* left) {
     if (machine == nullptr) {
         return __real_nanosleep(duration, left);
     }

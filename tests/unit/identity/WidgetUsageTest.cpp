@@ -3,8 +3,10 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <filesystem>
 #include <future>
 #include <stdexcept>
+#include <unistd.h>
 #include <vector>
 
 using ::testing::ElementsAre;
@@ -45,7 +47,10 @@ protected:
 
     /** The thread sanitizer starts one of its own beside the first that is asked for. */
     static std::size_t threadsBetweenQueries() {
-        std::thread([] {}).join();
+        std::filesystem::path task = "/proc/self/task";
+        std::thread([&task] { task /= std::to_string(gettid()); }).join();
+        // A thread that was joined may still be on its way out.
+        EXPECT_TRUE(eventually([&task] { return !std::filesystem::exists(task); }));
         return threadsOfProcess();
     }
 
