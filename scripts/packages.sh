@@ -1,12 +1,20 @@
 # The Debian packages that the project needs, and how they get onto the machine.
 # shellcheck disable=SC2034,SC2048,SC2086,SC2116  # lists of names are split into words
 
-packages_build="
-    g++ cmake ninja-build pkg-config python3
+# What the sources are compiled against, here as for another processor.
+packages_libraries="
     libxml2-dev libjsoncpp-dev libssl-dev libv4l-dev
     libboost-dev libboost-filesystem-dev libboost-regex-dev libboost-thread-dev
     liblmdb-dev libnl-route-3-dev libudev-dev libsystemd-dev libcli11-dev
-    libgtest-dev libgmock-dev libbenchmark-dev libumockdev-dev umockdev libpulse-dev pulseaudio pulseaudio-utils iproute2"
+    libgtest-dev libgmock-dev libumockdev-dev libpulse-dev"
+packages_build="
+    g++ cmake ninja-build pkg-config python3 $packages_libraries
+    libbenchmark-dev umockdev pulseaudio pulseaudio-utils iproute2"
+# Building for another processor and running what was built. The sysroot's packages are that
+# processor's own; they are unpacked below build/, not installed.
+packages_armhf="g++-arm-linux-gnueabihf qemu-user"
+packages_arm64="g++-aarch64-linux-gnu qemu-user"
+packages_sysroot="libc6-dev $packages_libraries"
 packages_bench="libglib2.0-dev libjson-glib-dev"
 packages_tidy="clang clang-tidy"
 packages_fuzz="clang libclang-rt-14-dev"
