@@ -122,7 +122,7 @@ private:
 };
 
 /// The seconds from one time to another on the same day, or over midnight.
-long secondsBetween(const std::string& first, const std::string& second) {
+std::time_t secondsBetween(const std::string& first, const std::string& second) {
     std::tm from{};
     std::tm until{};
     strptime(first.c_str(), "%Y-%m-%dT%H:%M:%SZ", &from);

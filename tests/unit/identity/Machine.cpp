@@ -1,5 +1,7 @@
 #include "Machine.h"
 
+#include "LinkedNames.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -60,30 +62,21 @@ Machine::~Machine() {
     processorFile = nullptr;
 }
 
-// A 32-bit machine has functions of their own for 64-bit file sizes and times.
-#if __SIZEOF_POINTER__ == 4
-#define FOPEN "fopen64"
-#define STATVFS "statvfs64"
-#define NANOSLEEP "__nanosleep64"
-#else
-#define FOPEN "fopen"
-#define STATVFS "statvfs"
-#define NANOSLEEP "nanosleep"
-#endif
-
 // The linker's names for a wrapped function and the one behind it.
 extern "C" {
 
-std::FILE* __real_fopen(const char* path, const char* mode) __asm__("__real_" FOPEN);
-std::FILE* __wrap_fopen(const char* path, const char* mode) __asm__("__wrap_" FOPEN);
+std::FILE* __real_fopen(const char* path, const char* mode) __asm__("__real_" KLX_LINKED_FOPEN);
+std::FILE* __wrap_fopen(const char* path, const char* mode) __asm__("__wrap_" KLX_LINKED_FOPEN);
 int __real_fclose(std::FILE* file);
 int __real_access(const char* path, int mode);
-int __real_statvfs(const char* path, struct statvfs* figures) __asm__("__real_" STATVFS);
-int __wrap_statvfs(const char* path, struct statvfs* figures) __asm__("__wrap_" STATVFS);
+int __real_statvfs(const char* path, struct statvfs* figures) __asm__("__real_" KLX_LINKED_STATVFS);
+int __wrap_statvfs(const char* path, struct statvfs* figures) __asm__("__wrap_" KLX_LINKED_STATVFS);
 int __real_sysinfo(struct sysinfo* figures);
 int __real_system(const char* command);
-int __real_nanosleep(const timespec* duration, timespec* left) __asm__("__real_" NANOSLEEP);
-int __wrap_nanosleep(const timespec* duration, timespec* left) __asm__("__wrap_" NANOSLEEP);
+int __real_nanosleep(const timespec* duration,
+                     timespec* left) __asm__("__real_" KLX_LINKED_NANOSLEEP);
+int __wrap_nanosleep(const timespec* duration,
+                     timespec* left) __asm__("__wrap_" KLX_LINKED_NANOSLEEP);
 
 std::FILE* __wrap_fopen(const char* path, const char* mode) {
     if (machine == nullptr) {
