@@ -15,8 +15,9 @@ from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 # All tests of one of these run in a few emulators, those of the others in one each.
-WHOLE = ("unit/*",)
-ALONE = ("integration/host", "integration/services")
+WHOLE = ("unit/*/klx_*_test", "load/klx_fake_load_test")
+ALONE = ("integration/host/klx_*_test", "integration/services/klx_*_test",
+         "load/klx_host_load_test")
 
 LEFT_OUT = {
     "WidgetUsageDeathTest.*":
@@ -27,16 +28,19 @@ LEFT_OUT = {
     "tests/integration/klxctl": "start the tool, a program of the other processor",
     "tests/integration/network": "start the tool in network namespaces",
     "tests/integration/usb": "need umockdev's library loaded before the emulated program",
+    "tests/integration/reference": "starts a program of the other processor through a script",
+    "tests/layering": "reads the sources only",
+    "tests/sweep": "takes minutes; what it fails one by one does not depend on the processor",
     "tests/integration/install": "compile against the installed tree and start the result",
 }
 SECONDS_ALLOWED = 300
 
 
-def programs(build, folders):
-    for folder in folders:
-        found = sorted(build.glob(f"tests/{folder}/klx_*_test"))
+def programs(build, patterns):
+    for pattern in patterns:
+        found = sorted((build / "tests").glob(pattern))
         if not found:
-            sys.exit(f"run_emulated.py: there is no test program in {build}/tests/{folder}")
+            sys.exit(f"run_emulated.py: there is no test program {build}/tests/{pattern}")
         yield from found
 
 

@@ -86,8 +86,11 @@ std::FILE* fopen(const char* path, const char* mode) {
     return openFile(path, mode);
 }
 
+// With file sizes of 64 bits on a 32-bit machine, the function above has this name already.
+#ifndef _FILE_OFFSET_BITS
 std::FILE* fopen64(const char* path, const char* mode) {
     return openFile(path, mode);
 }
+#endif
 }
 #pragma GCC visibility pop
