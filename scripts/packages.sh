@@ -16,9 +16,11 @@ packages_armhf="g++-arm-linux-gnueabihf qemu-user"
 packages_arm64="g++-aarch64-linux-gnu qemu-user"
 packages_sysroot="libc6-dev $packages_libraries"
 packages_bench="libglib2.0-dev libjson-glib-dev"
+packages_deb="dpkg-dev debhelper lintian fakeroot"
+packages_coverage="gcovr"
 packages_tidy="clang clang-tidy"
 packages_fuzz="clang libclang-rt-14-dev"
-packages_checks="$packages_tidy $packages_fuzz clang-format valgrind doxygen zsh"
+packages_checks="$packages_tidy $packages_fuzz $packages_armhf clang-format valgrind doxygen zsh"
 
 missing_packages() {
     dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |

@@ -19,7 +19,7 @@ std::string folderOfThisLibrary() {
 }
 
 SoundBackend* loadPulse() {
-    const std::string path = folderOfThisLibrary() + "libKLXSoundPulse.so";
+    const std::string path = folderOfThisLibrary() + "klx/libKLXSoundPulse.so";
     void* const module = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module == nullptr) {
         throw HostFailure(HostError::UnknownKey,
