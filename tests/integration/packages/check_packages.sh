@@ -17,9 +17,10 @@ mkdir -p "$root/var/lib/dpkg/updates" "$root/var/lib/dpkg/info" "$root/state"
 : >"$root/var/lib/dpkg/status"
 root=$(cd "$root" && pwd)
 
-# What they need of Debian is not in that folder; among themselves they must agree.
+# What they need of Debian is not in that folder; among themselves they must agree. Each comes after
+# what it needs, so that nothing is said of a neighbour that is not there yet.
 set --
-for name in libklxdeviceinfo1 libklxdeviceinfo-dev klx-host-platform klxctl; do
+for name in klx-host-platform libklxdeviceinfo1 libklxdeviceinfo-dev klxctl; do
     set -- "$@" "$packages/${name}"_[0-9]*.deb
 done
 [ $# -eq 4 ] || fail "there should be four packages, not $#: $*"
