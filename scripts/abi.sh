@@ -1,0 +1,45 @@
+# Whether programs that were linked with the last version go on running with this one.
+
+# usage: library_for_comparison SOURCES BUILD: builds the library with what abidiff reads of it
+library_for_comparison() {
+    cmake -S "$1" -B "$2" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKLX_BUILD_TESTS=OFF >"$2.log" &&
+        cmake --build "$2" --target KLXDeviceInfo >>"$2.log" || {
+        tail -n 20 "$2.log" >&2
+        fail "the library in $1 does not build; $2.log tells all"
+    }
+}
+
+# abidiff's status is a sum: 1 and 2 stand for its own failures, 4 for any change, 8 for one that
+# programs do not survive.
+compare_libraries() {
+    status=0
+    abidiff "$1" "$2" || status=$?
+    [ $((status & 3)) -eq 0 ] || fail "abidiff could not compare $1 with $2"
+    [ $((status & 8)) -eq 0 ] || fail "programs that were linked with $last would break, as shown above.
+Take the change back, or raise the major version, which changes the library's soname"
+}
+
+soname() {
+    objdump -p "$1" | awk '$1 == "SONAME" { print $2 }'
+}
+
+compare_with_last_version() {
+    last=$(git describe --tags --abbrev=0 --match 'v[0-9]*' 2>/dev/null) || {
+        say "no version is tagged yet, so there is nothing to compare with"
+        return 0
+    }
+    say "comparing the library with that of $last"
+    rm -rf build/abi
+    mkdir -p build/abi/sources
+    git archive "$last" | tar -x -C build/abi/sources
+    library_for_comparison build/abi/sources build/abi/last
+    library_for_comparison . build/abi/now
+    before=build/abi/last/DeviceInfo/libKLXDeviceInfo.so
+    after=build/abi/now/DeviceInfo/libKLXDeviceInfo.so
+    if [ "$(soname "$before")" = "$(soname "$after")" ]; then
+        compare_libraries "$before" "$after"
+        say "programs that were linked with $last go on running"
+    else
+        say "the soname has changed since $last, so nothing has to fit"
+    fi
+}
