@@ -21,7 +21,7 @@ packages_coverage="gcovr"
 packages_abi="abigail-tools git"
 packages_tidy="clang clang-tidy"
 packages_fuzz="clang libclang-rt-14-dev"
-packages_checks="$packages_tidy $packages_fuzz $packages_armhf clang-format valgrind doxygen zsh"
+packages_checks="$packages_tidy $packages_fuzz clang-format valgrind doxygen zsh"
 
 missing_packages() {
     dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |
