@@ -44,19 +44,46 @@ build() {
     fi
 }
 
+# usage: summary FOLDER NAME: what the last run of ctest there came to, with the names of the tests
+# that skipped themselves. A program that runs many tests counts as those, another as one.
+summary() {
+    LC_ALL=C awk -v build="$2" '
+        function close_block() {
+            if (!open) return
+            ran += tests ? tests : 1
+            if (failures || bad) failed += failures ? failures : 1
+            if (!tests && name in left_out) { skipped++; print "skipped: " name }
+        }
+        FNR == NR { if (/^\t *[0-9]+ - .* \(Skipped\)$/) left_out[$3] = 1; next }
+        /^[0-9]+\/[0-9]+ Testing: / { close_block(); open = 1; name = $3; tests = failures = bad = 0 }
+        /^\[==========\] [0-9]+ tests? from .* ran\./ { tests = $2 }
+        /^ *[0-9]+ FAILED TESTS?$/ { failures = $1 }
+        /^\[  SKIPPED \] [^ ]+\.[^ ]+$/ { skipped++; print "skipped: " $4 }
+        /^Test Failed\.$/ { bad = 1 }
+        END {
+            close_block()
+            printf "%d tests from %s, %d failed, %d skipped\n", ran, build, failed, skipped
+        }' "$1/tests.log" "$1/Testing/Temporary/LastTest.log"
+}
+
 # usage: run_tests PRESET [CTEST-OPTION...]
 run_tests() {
     preset=$1
     shift
     say "running the tests of build/$preset"
     log=$PWD/build/$preset/tests.log
-    rm -f "$log"
+    rm -f "$log" "build/$preset/Testing/Temporary/LastTest.log"
     set -- ctest --preset "$preset" --parallel "$(jobs)" --output-log "$log" "$@"
+    result=0
     if [ "$preset" = tsan ]; then
-        in_plain_address_space "$@"
+        in_plain_address_space "$@" || result=$?
     else
-        "$@"
+        "$@" || result=$?
     fi
+    if [ -f "$log" ] && [ -f "build/$preset/Testing/Temporary/LastTest.log" ]; then
+        summary "build/$preset" "$preset" | tee -a "$log"
+    fi
+    return $result
 }
 
 # usage: fuzz_targets SECONDS

@@ -83,15 +83,26 @@ emulator() {
     esac
 }
 
-# usage: test_emulated ARCHITECTURE
+# usage: kind_of_tests COMMAND [--unit]: "unit" or "all"
+kind_of_tests() {
+    case ${2-} in
+    '') echo all ;;
+    --unit) echo unit ;;
+    *) fail_usage "$1 takes --unit or nothing, not '$2'" ;;
+    esac
+}
+
+# usage: test_emulated ARCHITECTURE all|unit
 test_emulated() {
     need_sysroot "$1"
-    build "$1"
+    case $2 in
+    all) build "$1" ;;
+    unit) build "$1" tests/unit/all ;;
+    esac
     say "running the tests of build/$1 under emulation"
-    python3 -B scripts/run_emulated.py "build/$1" "$1" \
-        "$(emulator "$1")" -L "build/sysroot/$1" >"build/$1/tests.log" || {
-        cat "build/$1/tests.log"
-        return 1
-    }
+    result=0
+    python3 -B scripts/run_emulated.py "build/$1" "$1" "$2" \
+        "$(emulator "$1")" -L "build/sysroot/$1" >"build/$1/tests.log" || result=$?
     cat "build/$1/tests.log"
+    return $result
 }

@@ -1,8 +1,8 @@
 """Runs the test programs of a build for another processor under an emulator.
 
-usage: run_emulated.py BUILD NAME EMULATOR...
+usage: run_emulated.py BUILD NAME all|unit EMULATOR...
 
-Shows what failed, then one line for what was not run and why, and in the end
+With "unit" only the unit tests are run. Shows what failed, then one line for what was not run and why, and in the end
 "N tests from NAME, M failed, K skipped".
 """
 
@@ -14,10 +14,14 @@ import tempfile
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-# All tests of one of these run in a few emulators, those of the others in one each.
-WHOLE = ("unit/*/klx_*_test", "load/klx_fake_load_test")
-ALONE = ("integration/host/klx_*_test", "integration/services/klx_*_test",
-         "load/klx_host_load_test")
+# All tests of the first programs run in a few emulators, those of the others in one each.
+UNIT = "unit/*/klx_*_test"
+KINDS = {
+    "unit": ((UNIT,), ()),
+    "all": ((UNIT, "load/klx_fake_load_test"),
+            ("integration/host/klx_*_test", "integration/services/klx_*_test",
+             "load/klx_host_load_test")),
+}
 
 LEFT_OUT = {
     "WidgetUsageDeathTest.*":
@@ -86,29 +90,33 @@ def count(report, run):
     return report["tests"], failed, skipped, run.stdout if failed else ""
 
 
-def tasks(emulator, build, shards):
+def tasks(emulator, build, kind, shards):
+    whole, alone = KINDS[kind]
     patterns = ":".join(name for name in LEFT_OUT if "/" not in name)
-    for program in programs(build, ALONE):
+    for program in programs(build, alone):
         names = list(emulator.tests(program))
         if not names:
             sys.exit(f"run_emulated.py: {program} lists no test")
         for name in names:
             yield program, [f"--gtest_filter={name}"], {"KLX_TEST_ALONE": "1"}
-    for program in programs(build, WHOLE):
+    for program in programs(build, whole):
         for shard in range(shards):
             yield program, [f"--gtest_filter=-{patterns}"], {
                 "GTEST_TOTAL_SHARDS": str(shards), "GTEST_SHARD_INDEX": str(shard)}
 
 
 def main():
-    build, name, emulator = Path(sys.argv[1]).resolve(), sys.argv[2], Emulator(sys.argv[3:])
+    build, name, kind = Path(sys.argv[1]).resolve(), sys.argv[2], sys.argv[3]
+    emulator = Emulator(sys.argv[4:])
     cores = os.cpu_count() or 1
     with ThreadPoolExecutor(cores) as pool:
         results = list(pool.map(lambda task: emulator.result(task[0], task[1], **task[2]),
-                                tasks(emulator, build, cores)))
+                                tasks(emulator, build, kind, cores)))
     for *_, output in results:
         print(output, end="")
     for what, reason in LEFT_OUT.items():
+        if kind == "unit" and "/" in what:
+            continue
         print(f"not run under emulation: {what}: {reason}")
     ran, failed, skipped = (sum(result[i] for result in results) for i in range(3))
     print(f"{ran} tests from {name}, {failed} failed, {skipped} skipped")
