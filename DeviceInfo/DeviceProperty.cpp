@@ -15,7 +15,7 @@ CDeviceProperty* CDeviceProperty::GetInstance() {
 
 void CDeviceProperty::createPropertyAccessor(PropertyAccessorMap& properties) {
     visitCatalogue([this, &properties](const PropertyRow& row) {
-        properties[row.path] = row.binding.bindTo(*this);
+        properties.insert_or_assign(row.path, row.binding.bindTo(*this));
     });
 }
 
