@@ -54,14 +54,19 @@ int forwarded(const char* operation, Forward forward) noexcept {
 std::string joined(const std::string& path, const std::string& name) {
     std::string longer;
     longer.reserve(path.size() + 1 + name.size());
-    longer.append(path).append(1, '/').append(name);
+    longer += path;
+    longer += '/';
+    longer += name;
     return longer;
 }
 
 std::string keyOf(const std::string& menu, const std::string& property) {
     std::string key;
     key.reserve(menu.size() + property.size() + 2);
-    key.append(1, '/').append(menu).append(1, '/').append(property);
+    key += '/';
+    key += menu;
+    key += '/';
+    key += property;
     return key;
 }
 
