@@ -47,6 +47,9 @@ public:
 
     /// Creates the instance; the other operations do so on demand. Calling it again does nothing.
     /// @return false only when the creation failed, which a later call tries again
+    /// @code
+    /// bool isReady = CDeviceInfoManager::Initialize();   // so that no later call takes the time
+    /// @endcode
     KLX_API static bool Initialize();
 
     /// Reads one property.
@@ -146,25 +149,50 @@ public:
 
     /// Writes a value of the set's configuration by a shell command. A shell reads both texts as
     /// they are, so they must never come from somebody who is not trusted. The outcome is logged.
+    /// @param key   its name
+    /// @param value the new value
+    /// @code
+    /// CDeviceInfoManager::setFMSvalue("com.example/feature", "1");
+    /// @endcode
     KLX_API static void setFMSvalue(std::string key, std::string value);
 
     /// Takes a sample of the time that the processors have spent since the set was started.
+    /// @param info receives clock ticks
     /// @return 1 on success; 0 on failure, the record is then zeroed
+    /// @code
+    /// CPU_INFO info{};
+    /// CDeviceInfoManager::getCPUInfo(info);   // info.idle: 2412880
+    /// @endcode
     KLX_API static int getCPUInfo(CPU_INFO& info);
 
     /// Measures the processors' load over one second, for which the call blocks.
-    /// @param usage receives the busy share in percent
+    /// @param usage receives the busy share in percent, 0 to 100 unless the kernel's counters
+    ///              started anew within the second
     /// @return 1 on success; 0 on failure, the output is then untouched
+    /// @code
+    /// int usage = 0;
+    /// CDeviceInfoManager::getCPUusage(usage);   // 17
+    /// @endcode
     KLX_API static int getCPUusage(int& usage);
 
-    /// Measures the storage for applications.
-    /// @param free,used,total receive bytes
+    /// Measures the storage for applications, the file system of "/opt".
+    /// @param free  receives bytes; of 71 and more, 70 are counted as used instead
+    /// @param used  receives bytes
+    /// @param total receives bytes
     /// @return 1 on success; 0 on failure, the outputs are then untouched
+    /// @code
+    /// long long free = 0, used = 0, total = 0;
+    /// CDeviceInfoManager::getMemInfo(free, used, total);   // total: 4294967296
+    /// @endcode
     KLX_API static int getMemInfo(long long& free, long long& used, long long& total);
 
     /// Measures the memory in use, swap included.
     /// @param used receives bytes
     /// @return 1 on success; 0 on failure, the output is then untouched
+    /// @code
+    /// long long used = 0;
+    /// CDeviceInfoManager::getMemoryUsage(used);   // 812339200
+    /// @endcode
     KLX_API static int getMemoryUsage(long long& used);
 
 private:

@@ -11,8 +11,10 @@ struct InputDevice {
     /// set does not tell; for the others "1" when something is connected, else "0".
     std::string state;
 
-    /// What an attached USB storage device tells of itself; "" for all others, and where it tells
-    /// nothing.
+    /// What an attached USB storage device is called; "" for all others, and where it does not
+    /// tell.
     std::string product;
+
+    /// Who made an attached USB storage device; "" for all others, and where it does not tell.
     std::string manufacturer;
 };

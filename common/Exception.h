@@ -20,16 +20,32 @@ namespace KLX {
 /// @endcode
 class KLX_API Exception : public std::exception {
 public:
-    /// Takes the text as it is; a percent sign is only a character. Null is allowed.
+    /// Takes the text as it is; a percent sign is only a character.
+    /// @param msg the message, which is copied; null is allowed
     explicit Exception(char const* msg);
+
+    /// The same.
+    /// @param msg the message
     explicit Exception(std::string msg);
 
     /// Applies a printf-like format to exactly one argument. A format that takes none or more than
     /// one is logged and leaves the message null.
+    /// @param fmt the format
+    /// @param arg its argument
     Exception(char const* fmt, char const* arg);
+
+    /// The same.
+    /// @param fmt the format
+    /// @param arg its argument
     Exception(char const* fmt, std::string arg);
+
+    /// The same.
+    /// @param fmt the format
+    /// @param arg its argument
     Exception(char const* fmt, int arg);
 
+    /// Owns a message of its own.
+    /// @param other the exception whose message is copied
     Exception(Exception const& other);
     Exception& operator=(Exception const&) = delete;
     ~Exception() override;
