@@ -9,13 +9,14 @@ library_for_comparison() {
     }
 }
 
-# abidiff's status is a sum: 1 and 2 stand for its own failures, 4 for any change, 8 for one that
-# programs do not survive.
+# abidiff's status is a sum: 1 and 2 stand for its own failures, 4 for any change, 8 for one that no
+# program survives. A record that has grown is a mere change to it, but callers hold records by value.
+# New functions break nobody.
 compare_libraries() {
     status=0
-    abidiff "$1" "$2" || status=$?
+    abidiff --no-added-syms "$1" "$2" || status=$?
     [ $((status & 3)) -eq 0 ] || fail "abidiff could not compare $1 with $2"
-    [ $((status & 8)) -eq 0 ] || fail "programs that were linked with $last would break, as shown above.
+    [ "$status" -eq 0 ] || fail "programs that were linked with $last would break, as shown above.
 Take the change back, or raise the major version, which changes the library's soname"
 }
 

@@ -8,7 +8,6 @@ import pathlib
 import re
 import subprocess
 import sys
-import tempfile
 
 HERE = pathlib.Path(__file__).parent
 
@@ -75,13 +74,6 @@ class InstalledTree:
         return [f"{file} holds the path {needle.decode()}"
                 for file in files if needle in file.read_bytes()] or \
                ([] if files else ["nothing is installed"])
-
-    def StrippedLibraryStaysSmall(self):
-        limit = 400 * 1024
-        with tempfile.NamedTemporaryFile() as copy:
-            subprocess.run(["strip", "-o", copy.name, str(self.library())], check=True)
-            size = pathlib.Path(copy.name).stat().st_size
-        return [] if size < limit else [f"{size} bytes, {limit} are allowed"]
 
     def ToolFindsItsLibraries(self):
         document = output_of(str(self.prefix / "bin/klxctl"), "dump")

@@ -33,6 +33,10 @@ fakeroot dpkg --root="$root" --force-depends --log=/dev/null -i "$@" >"$root/ins
 
 libraries=$(dirname "$(find "$root/usr/lib" -name libKLXDeviceInfo.so.1)")
 [ -f "$root/usr/share/man/man1/klxctl.1.gz" ] || fail "the manual page is not there"
+[ -f "$root/usr/share/bash-completion/completions/klxctl" ] || fail "bash finds no completion"
+find "$root/usr/share/zsh" -name _klxctl | grep -q . || fail "zsh finds no completion"
+[ "$(stat -c %s "$libraries/libKLXDeviceInfo.so.1.0.0")" -lt 460000 ] ||
+    fail "the library has outgrown a set: $(stat -c %s "$libraries/libKLXDeviceInfo.so.1.0.0") bytes"
 [ -f "$libraries/libKLXDeviceInfo.so" ] || fail "the linker's name of the library leads nowhere"
 
 export KLX_STATE_DIR="$root/state" XDG_RUNTIME_DIR="$root/state" LD_LIBRARY_PATH="$libraries"
