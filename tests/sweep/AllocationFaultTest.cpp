@@ -103,7 +103,9 @@ protected:
             SCOPED_TRACE("allocation " + std::to_string(nth) + " for " + path);
             change(path, before);
             const Outcome outcome = runWithFault(call, nth);
-            expectAnswer(outcome, good, valueOf(path) == wanted);
+            const std::string now = valueOf(path);
+            EXPECT_THAT(now, AnyOf(before, wanted));
+            expectAnswer(outcome, good, now == wanted);
             leaks += leavesBlocks(call, nth, outcome, good) ? 1 : 0;
             expectHandlesInOrder();
             metFault = outcome.metFault;

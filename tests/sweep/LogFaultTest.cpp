@@ -1,3 +1,4 @@
+#include "Stride.h"
 #include "SweepTest.h"
 
 using namespace klx::test;
@@ -7,12 +8,13 @@ namespace {
 /** Nobody looks at what the log answers, so nothing may depend on it. */
 class LogFaultTest : public SweepTest {
 protected:
-    void sweep(const std::string& path) {
+    /** Refuses each line that the operation logs, or one in every `stride`. */
+    void sweep(const std::string& path, std::size_t stride = 1) {
         const std::string before = valueOf(path);
         const PreparedCall call = GetParam().prepare(path);
         const Observed good = observe(call);
         const std::string after = valueOf(path);
-        for (std::size_t nth = 1; nth <= good.lines.size(); ++nth) {
+        for (std::size_t nth = 1; nth <= good.lines.size(); nth += stride) {
             SCOPED_TRACE("line " + std::to_string(nth) + " of " + path);
             change(path, before);
             scene.scene().failNth("__dlog_print", static_cast<int>(nth), -1);
@@ -42,5 +44,14 @@ TEST_P(OtherLogFaultTest, ChangesNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, OtherLogFaultTest, ::testing::ValuesIn(otherOperations()), nameOf);
+
+class DocumentLogFaultTest : public LogFaultTest {};
+
+TEST_P(DocumentLogFaultTest, ChangesNothing) {
+    sweep("/Picture/Backlight", static_cast<std::size_t>(strideForLongSweeps()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, DocumentLogFaultTest, ::testing::ValuesIn(operationsOnAll()),
+                         nameOf);
 
 } // namespace

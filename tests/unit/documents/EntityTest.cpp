@@ -43,6 +43,7 @@ const std::string mute = xmlMenu("Sound", xmlProperty("Mute", "1"));
 struct Bomb {
     const char* name;
     std::string document;
+    bool isRefused = true; ///< Else it grows where nobody reads.
 };
 
 void PrintTo(const Bomb& bomb, std::ostream* out) {
@@ -62,8 +63,9 @@ protected:
 
 TEST_P(EntityBombTest, TakesLittleMemory) {
     const HeapWatch watch(128 * mebibyte);
-    restore(GetParam().document, xml);
+    EXPECT_EQ(restore(GetParam().document, xml), !GetParam().isRefused);
     EXPECT_LT(watch.peak(), 64 * mebibyte);
+    EXPECT_TRUE(!GetParam().isRefused || records.applied().empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -82,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
         Bomb{"EntityOfItself", withEntities("<!ENTITY a \"&a;\">", mute + "&a;")},
         Bomb{"EntityOfItselfInAValue", withEntities("<!ENTITY a \"&b;\"><!ENTITY b \"&a;\">",
                                                     xmlMenu("Sound", xmlProperty("Bomb", "&a;")))},
-        Bomb{"QuadraticInText", withEntities(longEntity(), mute + references)},
+        Bomb{"QuadraticInText", withEntities(longEntity(), mute + references), false},
         Bomb{"QuadraticInAValue",
              withEntities(longEntity(), xmlMenu("Sound", xmlProperty("Bomb", references)))},
         Bomb{"QuadraticInAName", withEntities(longEntity(), xmlMenu(references, ""))},
@@ -94,7 +96,8 @@ INSTANTIATE_TEST_SUITE_P(
                                   repeated(xmlProperty("Bomb", repeated("&a;", 50)), 100)))},
         Bomb{"QuadraticInADefault",
              withEntities(longEntity() + "<!ATTLIST property value CDATA \"" + references + "\">",
-                          xmlMenu("Sound", "<property name=\"Bomb\"/>"))}),
+                          xmlMenu("Sound", "<property name=\"Bomb\"/>")),
+             false}),
     [](const auto& test) { return test.param.name; });
 
 class EntityTest : public DocumentsTest {
