@@ -127,9 +127,10 @@ public:
     Scene& pictureSize(int size);
     /**
      * What the HDMI processor's video device tells about the source in front: 8 and 16 characters,
-     * cut or filled with zeroes. v4l2_open, v4l2_ioctl and v4l2_close stand in for libv4l2 in an
-     * executable that calls this. Their failures are errno values: `fail("v4l2_open", ENODEV)`;
-     * an unprogrammed request fails with 404.
+     * cut or filled with zeroes; the bytes behind them come back as 'x'. v4l2_open, v4l2_ioctl and
+     * v4l2_close stand in for libv4l2 in an executable that calls this. The history shows the bytes
+     * that a request was made with, equal ones counted: "[3, 0 x 39]". Their failures are errno
+     * values: `fail("v4l2_open", ENODEV)`; an unprogrammed request fails with 404.
      */
     Scene& hdmi(const std::string& vendor, const std::string& product);
     /**@}*/

@@ -1,5 +1,6 @@
 #include "FakeCore.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 
@@ -12,6 +13,7 @@ namespace {
 constexpr int kFirstDescriptor = 9000;
 constexpr std::size_t kVendorRoom = 8;
 constexpr std::size_t kProductRoom = 16;
+constexpr char kBehindTheFields = 'x';
 
 struct VideoDevice {};
 
@@ -37,6 +39,20 @@ std::string padded(const std::string& text, std::size_t room) {
     return field;
 }
 
+/** The bytes of a payload, each with the number of times that it comes in a row. */
+std::string showBytes(const unsigned char* bytes, std::size_t size) {
+    std::string shown;
+    const unsigned char* const end = bytes + size;
+    while (bytes != end) {
+        const unsigned char* const next = std::find_if(
+            bytes, end, [first = *bytes](unsigned char byte) { return byte != first; });
+        shown += (shown.empty() ? "" : ", ") + std::to_string(*bytes);
+        shown += next - bytes > 1 ? " x " + std::to_string(next - bytes) : "";
+        bytes = next;
+    }
+    return '[' + shown + ']';
+}
+
 /** The request's own fields, so that the history tells what was asked for. */
 std::string showRequest(unsigned long request, const v4l2_ext_controls& controls) {
     if (request != VIDIOC_G_EXT_CTRLS || controls.count != 1) {
@@ -46,8 +62,8 @@ std::string showRequest(unsigned long request, const v4l2_ext_controls& controls
     const v4l2_ext_control control = *controls.controls;
     const auto id = control.id;
     const auto size = control.size;
-    const int first = size == 0 ? 0 : *static_cast<const unsigned char*>(control.ptr);
-    return "VIDIOC_G_EXT_CTRLS, " + args(controls.ctrl_class, id, size, first);
+    return "VIDIOC_G_EXT_CTRLS, " + args(controls.ctrl_class, id, size) + ", " +
+           showBytes(static_cast<const unsigned char*>(control.ptr), size);
 }
 
 int answerControls(const State& state, unsigned long request, v4l2_ext_controls& controls) {
@@ -58,7 +74,9 @@ int answerControls(const State& state, unsigned long request, v4l2_ext_controls&
         return -kNotProgrammed;
     }
     v4l2_ext_control& control = *controls.controls;
-    giveBytes(*state.hdmi, static_cast<char*>(control.ptr), control.size);
+    std::string answer = *state.hdmi;
+    answer.resize(control.size, kBehindTheFields);
+    giveBytes(answer, static_cast<char*>(control.ptr), control.size);
     return 0;
 }
 

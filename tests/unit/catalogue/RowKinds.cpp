@@ -141,7 +141,8 @@ CatalogueRow hdmiRow(const std::string& path, const std::string& value) {
         .given([](Scene& scene) { scene.source(13).hdmi("vendor", "product"); })
         .reads({"CreateSourceControl(1, 0)", "SourceControl.GetCurrentSourceInfo()",
                 "Destroy(SourceControl)", "v4l2_open(\"/dev/video21\", 2050)",
-                "v4l2_ioctl(video device, VIDIOC_G_EXT_CTRLS, 10485760, 10488235, 40, 3)",
+                "v4l2_ioctl(video device, VIDIOC_G_EXT_CTRLS, 10485760, 10488235, 40, "
+                "[3, 0 x 39])",
                 "v4l2_close(video device)"},
                value)
         .fixedDefault("");
