@@ -75,8 +75,7 @@ std::string factoryInfo::imageType() {
 }
 
 std::string factoryInfo::getServerType() {
-    const bool operating = getSystemInfoValue("int", serverTypeKey) == "0";
-    std::string type = operating ? "Operating" : "Development";
+    std::string type = serverTypeOf(getSystemInfoValue("int", serverTypeKey));
     KLX_LOG(LogInfo, "server type= [%s]", type.c_str());
     return type;
 }

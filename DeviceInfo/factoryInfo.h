@@ -15,8 +15,13 @@ public:
     /// @return "Release Image", "Perf Image" or "Debug Image" by the first marker file that exists
     std::string imageType();
 
-    /// @return "Operating" or "Development"
+    /// @return "Operating" or "Development"; the latter when it cannot be read, too
     std::string getServerType();
+
+    /// @param text what the set tells of its server; exactly "0" stands for the operating one
+    static std::string serverTypeOf(const std::string& text) {
+        return text == "0" ? "Operating" : "Development";
+    }
 
     std::string getLanguage();
     void setLanguage(const std::string& language);

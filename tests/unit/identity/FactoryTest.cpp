@@ -66,11 +66,11 @@ TEST_F(ServerTypeTest, AnyOtherNumberIsDevelopment) {
                 ::testing::Contains(factoryLine(4, "getServerType", "server type= [Development]")));
 }
 
-TEST_F(ServerTypeTest, TextIsDevelopment) {
-    for (const char* text : {"00", "", "0"}) {
-        scene.systemInfo(key, text);
-        expectDevelopment();
-    }
+TEST_F(ServerTypeTest, ValueThatIsNoIntegerIsDevelopment) {
+    scene.systemInfo(key, "0");
+    expectDevelopment();
+    EXPECT_THAT(fake::messages(6),
+                ElementsAre("Failed getting int, status: " + std::to_string(fake::kWrongType)));
 }
 
 TEST_F(ServerTypeTest, FailureIsDevelopment) {
@@ -80,6 +80,13 @@ TEST_F(ServerTypeTest, FailureIsDevelopment) {
                 ElementsAre(factoryLine(4, "getSystemInfoValue", "System info key value is [126]"),
                             factoryLine(6, "getSystemInfoValue", "Failed getting int, status: 17"),
                             factoryLine(4, "getServerType", "server type= [Development]")));
+}
+
+TEST(ServerTypeOfTextTest, IsOperatingForExactlyZero) {
+    EXPECT_EQ(factoryInfo::serverTypeOf("0"), "Operating");
+    for (const char* text : {"00", "", " 0", "0 ", "+0", "1", "Operating"}) {
+        EXPECT_EQ(factoryInfo::serverTypeOf(text), "Development") << '"' << text << '"';
+    }
 }
 
 using LanguageTest = IdentityTest;
