@@ -107,6 +107,8 @@ TEST_F(MemoryTest, IsCountedInUnits) {
 
 TEST_F(MemoryTest, FailureLeavesTheOutputAlone) {
     EXPECT_EQ(measure(0), -1);
+    EXPECT_THAT(fake::logs(), ElementsAre(generalLine(3, "getMemoryUsageUtil", "getMemoryUsage"),
+                                          generalLine(5, "getMemoryUsageUtil", "sysinfo failed")));
 }
 
 } // namespace

@@ -159,10 +159,13 @@ TEST_F(CpuUsageTest, IdleThatRunsAheadOfTheTotal) {
     EXPECT_EQ(usageBetween({0, 0, 0, 0, 20}, {5, 0, 0, 100, 5}), -11);
 }
 
-TEST_F(CpuUsageTest, AbsurdCountersAreBorne) {
-    usageBetween({}, {LONG_MAX, 0, 0, 1});
-    usageBetween({}, {ULONG_MAX, 0, 0, ULONG_MAX});
-    usageBetween({ULONG_MAX}, {LONG_MAX, 0, 0, LONG_MAX});
+TEST_F(CpuUsageTest, DifferencesAreTakenAsSignedNumbers) {
+    EXPECT_EQ(usageBetween({}, {LONG_MAX, 0, 0, 1}), -100);
+    EXPECT_EQ(usageBetween({}, {ULONG_MAX, 0, 0, ULONG_MAX}), 50);
+}
+
+TEST_F(CpuUsageTest, StaysWithinAnInteger) {
+    EXPECT_EQ(usageBetween({ULONG_MAX}, {LONG_MAX, 0, 0, LONG_MAX}), INT_MAX);
 }
 
 TEST_F(CpuUsageTest, FailedFirstSampleLeavesTheOutputAlone) {
