@@ -13,6 +13,7 @@
 #include <vconf.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <climits>
 #include <cmath>
@@ -25,6 +26,7 @@
 #include <sys/statvfs.h>
 #include <sys/sysinfo.h>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -138,14 +140,32 @@ bool isReady(const UsageAnswer& answer) {
     return answer.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
 }
 
-UsageAnswer widgetUsage() {
-    static std::mutex mutex;
-    static UsageAnswer outstanding;
-    const std::lock_guard<std::mutex> lock(mutex);
-    if (!outstanding.valid() || isReady(outstanding)) {
-        outstanding = queryWidgetUsage();
+/// The answer that one process waits for.
+struct Outstanding {
+    const pid_t process = getpid();
+    std::mutex mutex;
+    UsageAnswer answer;
+};
+
+/// A forked process begins anew: the thread that would answer its parent's query is not in it. The
+/// parent's answer and mutex are left as they are, since that thread may have been using them.
+Outstanding& outstandingOfThisProcess() {
+    static std::atomic<Outstanding*> latest{nullptr};
+    Outstanding* found = latest.load();
+    if (found != nullptr && found->process == getpid()) {
+        return *found;
     }
-    return outstanding;
+    auto own = std::make_unique<Outstanding>();
+    return latest.compare_exchange_strong(found, own.get()) ? *own.release() : *found;
+}
+
+UsageAnswer widgetUsage() {
+    Outstanding& outstanding = outstandingOfThisProcess();
+    const std::lock_guard<std::mutex> lock(outstanding.mutex);
+    if (!outstanding.answer.valid() || isReady(outstanding.answer)) {
+        outstanding.answer = queryWidgetUsage();
+    }
+    return outstanding.answer;
 }
 
 unsigned long totalOf(const CPU_INFO& info) {

@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <future>
 #include <stdexcept>
+#include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 #include <vector>
 
@@ -59,6 +61,9 @@ protected:
 
 const auto timedOut = generalLine(5, getter, "Timed out");
 const auto invalid = generalLine(5, "operator()", "Invalid value");
+const auto noThread = generalLine(
+    5, getter,
+    "Exception :" + std::make_error_code(std::errc::resource_unavailable_try_again).message());
 
 TEST_F(WidgetUsageTest, IsThePlatformsText) {
     scene.usedMemory("123456 kB");
@@ -113,6 +118,7 @@ TEST_F(WidgetUsageTest, IsAskedForOnAThreadOfItsOwn) {
 TEST_F(WidgetUsageTest, ThrowingQueryGivesNothing) {
     scene.throwFrom(query, std::runtime_error("no server"));
     EXPECT_EQ(get(), "");
+    EXPECT_THAT(fake::logs(), ElementsAre(generalLine(5, getter, "Exception :no server")));
 }
 
 TEST_F(WidgetUsageTest, WithoutAThreadGivesNothing) {
@@ -121,6 +127,7 @@ TEST_F(WidgetUsageTest, WithoutAThreadGivesNothing) {
         const NoMoreThreads full;
         EXPECT_EQ(get(), "");
     }
+    EXPECT_THAT(fake::logs(), ElementsAre(noThread));
     EXPECT_THAT(fake::calls(), IsEmpty());
     EXPECT_EQ(get(), "1 kB");
 }
@@ -133,6 +140,21 @@ protected:
     void TearDown() override {
         gate.open();
         WidgetUsageTest::TearDown();
+    }
+
+    /// Whether a getter tries to start a query of its own instead of waiting. It does not get a
+    /// thread, since the thread sanitizer ends a forked process that starts one.
+    bool triesAQuery() {
+        fake::clearHistory();
+        const NoMoreThreads full;
+        getWithin(5s);
+        return ::testing::Matches(ElementsAre(noThread))(fake::logs());
+    }
+
+    static int statusOf(pid_t process) {
+        int state = 0;
+        EXPECT_EQ(waitpid(process, &state, 0), process);
+        return WIFEXITED(state) ? WEXITSTATUS(state) : -1;
     }
 
     fake::Gate gate{query};
@@ -196,6 +218,16 @@ TEST_F(SlowWidgetUsageTest, QueryThatNeverReturnsCostsOneThread) {
     ASSERT_TRUE(gate.waitForCaller());
     EXPECT_THAT(fake::calls(), ElementsAre("appserver_get_used_memory()"));
     EXPECT_THAT(fake::logs(), ElementsAre(timedOut, timedOut, timedOut, timedOut, timedOut));
+}
+
+TEST_F(SlowWidgetUsageTest, ForkedProcessDoesNotWaitForTheQueryOfItsParent) {
+    getWithin(20ms);
+    ASSERT_TRUE(gate.waitForCaller());
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(triesAQuery() ? 0 : 1);
+    }
+    EXPECT_EQ(statusOf(child), 0);
 }
 
 TEST_F(SlowWidgetUsageTest, CallersTogetherCostOneThread) {
