@@ -128,7 +128,9 @@ public:
     /// @param devices receives the inputs in their fixed order, HDMI, AV, COMP, SCART, USB; left as
     ///                it is on failure
     /// @return false only when the creation of the instance failed, a platform call threw or memory
-    ///         ran out; a state that cannot be read is logged and shows in that input only
+    ///         ran out. A port's state that cannot be read is logged and shows in that input only;
+    ///         where the attached USB devices cannot be listed, each USB input has the state "0",
+    ///         as if nothing were attached, and no line is logged.
     /// @code
     /// std::vector<InputDevice> devices;
     /// CDeviceInfoManager::ListInputDevices(devices);
