@@ -16,8 +16,9 @@ namespace {
 
 const char* const details =
     "A setting is changed when its value is not its default; what cannot be written never is, nor\n"
-    "what has an empty default. Values come from the set as the command runs. With --json, an\n"
-    "array of objects is printed; \"default\" is null where there is none.";
+    "what has an empty default or no value that could be read. Values come from the set as the\n"
+    "command runs. With --json, an array of objects is printed; \"default\" is null where there\n"
+    "is none, and \"differs\" tells also of what cannot be written that it is not its default.";
 
 struct ListArguments {
     std::vector<std::string> categories;
@@ -29,7 +30,7 @@ struct ListArguments {
 std::string tableOf(const std::vector<ListedProperty>& properties) {
     Table table({"PROPERTY", "VALUE", "DEFAULT", "CHANGED", "WRITABLE"});
     for (const ListedProperty& each : properties) {
-        const bool isChanged = each.isChanged;
+        const bool isChanged = each.isChanged();
         const Tone tone = !each.isWritable ? Tone::Faint : isChanged ? Tone::Good : Tone::Plain;
         table.add({each.path,
                    {each.value, tone},
@@ -47,8 +48,10 @@ std::string jsonOf(const std::vector<ListedProperty>& properties) {
         object["path"] = each.path;
         object["value"] = each.value;
         object["default"] = each.defaultValue ? Json::Value(*each.defaultValue) : Json::Value();
-        object["changed"] = each.isChanged;
+        object["differs"] = each.differs;
+        object["changed"] = each.isChanged();
         object["writable"] = each.isWritable;
+        object["flag"] = each.flag;
         list.append(object);
     }
     return jsonText(list);
@@ -69,7 +72,7 @@ ExitStatus list(const ListArguments& given) {
     }
     std::vector<ListedProperty> properties = listedProperties(selected);
     if (given.changedOnly) {
-        keepOnly(properties, [](const ListedProperty& each) { return each.isChanged; });
+        keepOnly(properties, [](const ListedProperty& each) { return each.isChanged(); });
     }
     writeOutput(given.asJson ? jsonOf(properties) : tableOf(properties));
     return ExitStatus::Done;

@@ -48,7 +48,8 @@ void requirePort(const std::string& name) {
     }
     const std::vector<std::string> names = portNames();
     if (std::find(names.begin(), names.end(), name) == names.end()) {
-        throw Failure(ExitStatus::WrongUsage, unknownName("port", name, nearestNames(name, names)));
+        throw Failure(ExitStatus::WrongUsage,
+                      unknownName("port", name, nearestNames(name, names), "klxctl inputs"));
     }
 }
 

@@ -70,10 +70,10 @@ void reportUnknownPaths(const std::vector<std::string>& unknown) {
 }
 
 std::string unknownName(const std::string& kind, const std::string& written,
-                        const std::vector<std::string>& nearest) {
+                        const std::vector<std::string>& nearest, const std::string& shownBy) {
     std::string message = "there is no " + kind + " " + quoted(written);
     if (nearest.empty()) {
-        return message + ", nor one of a similar name; \"klxctl dump\" shows what there is";
+        return message + ", nor one of a similar name; " + quoted(shownBy) + " shows what there is";
     }
     message += "; did you mean";
     for (const std::string& name : nearest) {

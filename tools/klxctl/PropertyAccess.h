@@ -17,6 +17,8 @@ void writeProperty(const std::string& path, const std::string& value);
 /// @throws Failure when the library cannot tell which there are
 void reportUnknownPaths(const std::vector<std::string>& unknown);
 
-/// The message for a name that does not exist, with the nearest ones that do.
+/// The message for a name that does not exist, with the nearest ones that do, or else with the
+/// command that shows all.
 std::string unknownName(const std::string& kind, const std::string& written,
-                        const std::vector<std::string>& nearest);
+                        const std::vector<std::string>& nearest,
+                        const std::string& shownBy = "klxctl dump");

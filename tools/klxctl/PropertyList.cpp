@@ -47,11 +47,20 @@ Texts textsIn(const std::string& document, const char* attribute) {
     return texts;
 }
 
-/// What cannot be written was never changed, and an empty default says nothing.
-bool isChanged(const PropertyDescription& property, const ListedProperty& listed) {
+/// An empty default says nothing; nor does an empty value, which could not be read, unless it is a
+/// text.
+bool differs(const PropertyDescription& property, const ListedProperty& listed) {
     const std::string defaultValue = listed.defaultValue.value_or("");
-    return property.isWritable && !defaultValue.empty() &&
-           !areSame(property, listed.value, defaultValue);
+    const bool isKnown = property.isText || !listed.value.empty();
+    return isKnown && !defaultValue.empty() && !areSame(property, listed.value, defaultValue);
+}
+
+std::vector<std::string> nearestOf(const KnownProperties& known, const std::string& word) {
+    const std::string path = pathOf(word);
+    const bool mayBeCategory = path.find('/', 1) == std::string::npos;
+    const std::vector<std::string> nearest =
+        mayBeCategory ? nearestNames(word, menuCategories()) : std::vector<std::string>();
+    return nearest.empty() ? nearestNames(path, known.paths()) : nearest;
 }
 
 } // namespace
@@ -64,7 +73,8 @@ std::vector<const PropertyDescription*> selectedProperties(const KnownProperties
         const auto below = known.below(path);
         if (below.empty() || (path.empty() && !words.empty())) {
             throw Failure(ExitStatus::WrongUsage,
-                          unknownName("category", word, nearestNames(word, menuCategories())));
+                          unknownName("category, menu or property", word, nearestOf(known, word),
+                                      "klxctl list"));
         }
         for (const PropertyDescription* const property : below) {
             selected[property->path] = property;
@@ -86,14 +96,15 @@ listedProperties(const std::vector<const PropertyDescription*>& properties) {
     std::vector<ListedProperty> all;
     all.reserve(properties.size());
     for (const PropertyDescription* const property : properties) {
-        ListedProperty listed{property->path, "", property->fixedDefault, property->isWritable};
+        ListedProperty listed{property->path, "", property->fixedDefault, property->flag,
+                              property->isWritable};
         if (asksForDefault(*property)) {
             listed.value = values[property->path];
             listed.defaultValue = defaults[property->path];
         } else {
             listed.value = readProperty(property->path).value_or("");
         }
-        listed.isChanged = isChanged(*property, listed);
+        listed.differs = differs(*property, listed);
         all.push_back(std::move(listed));
     }
     return all;

@@ -11,8 +11,12 @@ struct ListedProperty {
     std::string path;
     std::string value; ///< "" when the set gives none
     std::optional<std::string> defaultValue;
+    bool flag = false; ///< the property's flag as the library knows it
     bool isWritable = false;
-    bool isChanged = false; ///< whether a setting has another value than its default
+    bool differs = false; ///< whether value and default are known and not the same
+
+    /// What cannot be written was never changed.
+    bool isChanged() const { return isWritable && differs; }
 };
 
 /// The properties at or below some paths, which are written with or without their first slash; of

@@ -9,8 +9,10 @@
 
 #include <algorithm>
 #include <array>
+#include <regex>
 #include <sstream>
 
+namespace fs = std::filesystem;
 using testing::ContainsRegex;
 using testing::Each;
 using testing::ElementsAre;
@@ -24,9 +26,9 @@ namespace {
 class ListTest : public KlxctlTest {
 protected:
     /// What `list --json` prints; fails the test when that is no array.
-    Json::Value listed(std::vector<std::string> arguments = {}) const {
+    static Json::Value listedBy(const ToolRun& tool, std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), {"list", "--json"});
-        const Outcome outcome = run(arguments);
+        const Outcome outcome = tool.run(arguments);
         EXPECT_EQ(outcome.status, 0) << outcome.messages;
         Json::Value list;
         std::istringstream stream(outcome.output);
@@ -37,12 +39,20 @@ protected:
         return list;
     }
 
-    std::vector<std::string> pathsIn(const std::vector<std::string>& arguments) const {
+    Json::Value listed(const std::vector<std::string>& arguments = {}) const {
+        return listedBy(tool(), arguments);
+    }
+
+    static std::vector<std::string> pathsOf(const Json::Value& list) {
         std::vector<std::string> paths;
-        for (const Json::Value& each : listed(arguments)) {
+        for (const Json::Value& each : list) {
             paths.push_back(each["path"].asString());
         }
         return paths;
+    }
+
+    std::vector<std::string> pathsIn(const std::vector<std::string>& arguments) const {
+        return pathsOf(listed(arguments));
     }
 
     Json::Value only(const std::string& path) const {
@@ -134,11 +144,51 @@ TEST_F(ListTest, ChangedIsNothingOnAFreshSetAndThenWhatWasSet) {
     EXPECT_THAT(pathsIn({"--changed", "Picture"}), IsEmpty());
 }
 
+TEST_F(ListTest, ValueThatCannotBeReadIsNotChangedUnlessItIsAText) {
+    ASSERT_EQ(run({"get", text}).status, 0);
+    fs::permissions(stateFolder(), fs::perms::none);
+    const std::vector<std::string> changed =
+        pathsOf(listedBy(tool().underFilePermissions(), {"--changed", "Picture", text}));
+    EXPECT_THAT(changed, ElementsAre(text));
+}
+
 TEST_F(ListTest, WritableLeavesOutWhatIsReadOnly) {
-    for (const Json::Value& each : listed({"--writable"})) {
+    const Json::Value writable = listed({"--writable"});
+    EXPECT_EQ(writable.size(), 68U);
+    for (const Json::Value& each : writable) {
         EXPECT_EQ(each["writable"], true) << each["path"];
     }
     EXPECT_THAT(pathsIn({"--writable", "Network"}), IsEmpty());
+}
+
+TEST_F(ListTest, WritableHoldsWhatCanBeWrittenWhoseFlagIsClear) {
+    const Json::Value list = listed({"--writable", "/Sound/Sound Output"});
+    ASSERT_EQ(list.size(), 1U);
+    EXPECT_EQ(list[0]["flag"], false);
+    EXPECT_EQ(only(number)["flag"], true);
+}
+
+TEST_F(ListTest, JsonTellsOfReadOnlyPropertiesWhetherTheyDifferFromTheirDefault) {
+    const Json::Value resets = only("/SetInformation/AutoReset_Count");
+    EXPECT_EQ(resets["value"], "2");
+    EXPECT_EQ(resets["default"], "0");
+    EXPECT_EQ(resets["differs"], true);
+    EXPECT_EQ(resets["changed"], false);
+    EXPECT_EQ(only("/SetInformation/ProductType")["differs"], false);
+    EXPECT_EQ(only(number)["differs"], false);
+}
+
+TEST_F(ListTest, HealthyDeskIsWarnedOfPortsWithoutANameAndOfItsImageOnly) {
+    const Outcome outcome = tool().runProgram({"env", "-u", "KLX_LOG", KLXCTL_TOOL, "list"});
+    EXPECT_EQ(outcome.status, 0);
+    const auto warning = [](const std::string& told) {
+        return "warning KLX: [A-Za-z]+\\.cpp: [A-Za-z]+\\([0-9]+\\) > " + told + "\n";
+    };
+    // A machine may be marked as a set is.
+    EXPECT_TRUE(std::regex_match(outcome.messages,
+                                 std::regex("(" + warning("FAILURE while getting image type") +
+                                            ")?(" + warning("Failed to get port status") + "){5}")))
+        << outcome.messages;
 }
 
 TEST_F(ListTest, OfAnUnknownCategoryIsAnErrorThatNamesTheNearest) {
@@ -147,6 +197,20 @@ TEST_F(ListTest, OfAnUnknownCategoryIsAnErrorThatNamesTheNearest) {
     EXPECT_EQ(outcome.output, "");
     EXPECT_THAT(outcome.messages, HasSubstr("\"Pictur\"; did you mean\n  \"Picture\"\n"));
     EXPECT_EQ(run({"list", ""}).status, 2);
+}
+
+TEST_F(ListTest, OfAnUnknownPathIsAnErrorThatNamesTheNearest) {
+    for (const std::string word : {"/Picture/Backligh", "Picture/Backligh", "Backlight"}) {
+        const Outcome outcome = run({"list", word});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.messages, "klxctl: there is no category, menu or property \"" + word +
+                                        "\"; did you mean\n  \"/Picture/Backlight\"\n");
+    }
+}
+
+TEST_F(ListTest, OfAnUnknownNameThatResemblesNoneTellsHowToSeeAll) {
+    EXPECT_THAT(run({"list", "Xyzzy"}).messages,
+                HasSubstr("nor one of a similar name; \"klxctl list\" shows what there is"));
 }
 
 TEST_F(ListTest, IsColouredOnATerminalOnly) {
