@@ -182,7 +182,7 @@ TEST_F(ListTest, HealthyDeskIsWarnedOfPortsWithoutANameAndOfItsImageOnly) {
     const Outcome outcome = tool().runProgram({"env", "-u", "KLX_LOG", KLXCTL_TOOL, "list"});
     EXPECT_EQ(outcome.status, 0);
     const auto warning = [](const std::string& told) {
-        return "warning KLX: [A-Za-z]+\\.cpp: [A-Za-z]+\\([0-9]+\\) > " + told + "\n";
+        return R"(warning KLX: [A-Za-z]+\.cpp: [A-Za-z]+\([0-9]+\) > )" + told + "\n";
     };
     // A machine may be marked as a set is.
     EXPECT_TRUE(std::regex_match(outcome.messages,
