@@ -5,10 +5,10 @@
 #include <benchmark/benchmark.h>
 #include <boost/optional.hpp>
 #include <json/json.h>
+#include <libxml/parser.h>
 #include <libxml/tree.h>
 
 #include <memory>
-
 #include <stdexcept>
 
 /// The library's seam for records that are not the catalogue's.
@@ -119,6 +119,64 @@ void buildDirectly(benchmark::State& state, CDeviceInfoManager::DataFormatType f
     }
 }
 
+/// What a library call gave, freed by libxml2.
+using XmlText = std::unique_ptr<xmlChar, decltype(xmlFree)>;
+
+std::size_t lengthOf(xmlNodePtr element, const char* attribute) {
+    const XmlText text(xmlGetProp(element, reinterpret_cast<const xmlChar*>(attribute)), xmlFree);
+    return static_cast<std::size_t>(xmlStrlen(text.get()));
+}
+
+/// Reads a document with nothing but libxml2 and looks at each name and value.
+std::size_t readXml(const std::string& document) {
+    const std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)> parsed(
+        xmlReadMemory(document.data(), static_cast<int>(document.size()), "document", nullptr, 0),
+        &xmlFreeDoc);
+    const xmlNodePtr device = xmlFirstElementChild(xmlDocGetRootElement(parsed.get()));
+    const xmlNodePtr menu = xmlFirstElementChild(device);
+    std::size_t length = 0;
+    for (xmlNodePtr leaf = xmlFirstElementChild(menu); leaf != nullptr;
+         leaf = xmlNextElementSibling(leaf)) {
+        length += lengthOf(leaf, "name") + lengthOf(leaf, "value");
+    }
+    return length;
+}
+
+/// The same with nothing but jsoncpp.
+std::size_t readJson(const std::string& document) {
+    Json::Value root;
+    const std::unique_ptr<Json::CharReader> reader(Json::CharReaderBuilder().newCharReader());
+    reader->parse(document.data(), document.data() + document.size(), &root, nullptr);
+    const Json::Value& menu = root["Picture"];
+    std::size_t length = 0;
+    for (auto leaf = menu.begin(); leaf != menu.end(); ++leaf) {
+        length += leaf.name().size() + (*leaf)["Value"].asString().size();
+    }
+    return length;
+}
+
+template <class Read>
+void readDirectly(benchmark::State& state, CDeviceInfoManager::DataFormatType format, Read read) {
+    const DeviceInfoManagerSeam manager(records(state.range(0)));
+    const std::string document = dumped(format);
+    const std::size_t oneRecord = nameOf(0).size() + 1;
+    if (read(document) != static_cast<std::size_t>(state.range(0)) * oneRecord) {
+        state.SkipWithError("the floor reads something else than the document holds");
+        return;
+    }
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(read(document));
+    }
+}
+
+void restoreXmlFloor(benchmark::State& state) {
+    readDirectly(state, xml, readXml);
+}
+
+void restoreJsonFloor(benchmark::State& state) {
+    readDirectly(state, json, readJson);
+}
+
 void dumpXmlFloor(benchmark::State& state) {
     buildDirectly(state, xml, builtXml);
 }
@@ -136,7 +194,9 @@ BENCHMARK(dumpXmlFloor)->Name("dump/Xml/floor")->Apply(fewAndMany);
 BENCHMARK_CAPTURE(dump, Json, json)->Apply(fewAndMany);
 BENCHMARK(dumpJsonFloor)->Name("dump/Json/floor")->Apply(fewAndMany);
 BENCHMARK_CAPTURE(restore, Xml, xml)->Apply(fewAndMany);
+BENCHMARK(restoreXmlFloor)->Name("restore/Xml/floor")->Apply(fewAndMany);
 BENCHMARK_CAPTURE(restore, Json, json)->Apply(fewAndMany);
+BENCHMARK(restoreJsonFloor)->Name("restore/Json/floor")->Apply(fewAndMany);
 
 } // namespace
 

@@ -3,14 +3,13 @@
 
 usage: table.py BUILD-FOLDER [BENCHMARK-OPTION...]
 
-Times are processor times, medians of several runs in turns. A ratio compares two times of the same
-run of the same program.
+Times are processor times, each the best of several runs in turns: what others do on the machine can
+only add to a time. A ratio compares two times of the same run of the same program.
 """
 
 import json
 import os
 import pathlib
-import statistics
 import subprocess
 import sys
 import tempfile
@@ -51,7 +50,7 @@ def run(program, *arguments):
 
 
 def times(program, options):
-    """Median processor time in seconds by benchmark."""
+    """Best processor time in seconds by benchmark."""
     units = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1}
     output = run(program, *RUNS, "--benchmark_format=json", *options)
     # A filter may leave a program nothing to run; it then prints nothing.
@@ -63,7 +62,7 @@ def times(program, options):
         if line["run_type"] == "iteration":
             found.setdefault(line["run_name"], []).append(
                 line["cpu_time"] * units[line["time_unit"]])
-    return {name: statistics.median(all_runs) for name, all_runs in found.items()}
+    return {name: min(all_runs) for name, all_runs in found.items()}
 
 
 def duration(seconds):
@@ -110,7 +109,7 @@ def starts(folder):
         program = folder / f"klx_bench_start_{platform}"
         found = [run(program).split() for _ in range(21)]
         rows.append(compared(f"initialisation, {platform} platform",
-                             statistics.median(float(time) for time, _ in found) / 1e6, None))
+                             min(float(time) for time, _ in found) / 1e6, None))
         heap = heap or int(found[0][1])
     return rows + [plain("heap held after it, null platform", heap)]
 
