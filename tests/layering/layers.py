@@ -56,11 +56,10 @@ LIBRARIES = {
 # Headers of the C library and of the kernel; C++ headers are known by having no suffix.
 SYSTEM_FOLDERS = ["sys/", "linux/", "net/", "netinet/", "arpa/"]
 SYSTEM_HEADERS = """
-    assert.h ctype.h dirent.h dlfcn.h errno.h fcntl.h ifaddrs.h inttypes.h langinfo.h limits.h
-    link.h locale.h malloc.h math.h netdb.h poll.h pthread.h pty.h pwd.h sched.h semaphore.h
-    signal.h
-    spawn.h stdarg.h stdbool.h stddef.h stdint.h stdio.h stdlib.h string.h strings.h syslog.h
-    termios.h time.h ucontext.h unistd.h wchar.h
+    assert.h ctype.h dirent.h dlfcn.h errno.h fcntl.h glob.h ifaddrs.h inttypes.h langinfo.h
+    limits.h link.h locale.h malloc.h math.h netdb.h poll.h pthread.h pty.h pwd.h sched.h
+    semaphore.h signal.h spawn.h stdarg.h stdbool.h stddef.h stdint.h stdio.h stdlib.h string.h
+    strings.h syslog.h termios.h time.h ucontext.h unistd.h wchar.h
 """.split()
 
 # The one place of the library and its tools that may call the platform's log.

@@ -1,17 +1,24 @@
 #include "Frontend.h"
 
 #include <fcntl.h>
+#include <glob.h>
 #include <linux/dvb/frontend.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace KLX::Host {
 namespace {
 
 class Descriptor {
 public:
-    explicit Descriptor(const char* path)
-        : m_number(::open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
+    explicit Descriptor(const std::string& path)
+        : m_number(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
     ~Descriptor() {
         if (isOpen()) {
             ::close(m_number);
@@ -27,10 +34,28 @@ private:
     int m_number;
 };
 
-} // namespace
+struct MatchesReleased {
+    void operator()(glob_t* matches) const noexcept { ::globfree(matches); }
+};
 
-std::optional<int> carrierToNoise() {
-    const Descriptor frontend("/dev/dvb/adapter0/frontend0");
+/** The numbers in a path count, not their characters. */
+bool isBefore(const std::string& left, const std::string& right) {
+    return strverscmp(left.c_str(), right.c_str()) < 0;
+}
+
+std::vector<std::string> receivers() {
+    glob_t matches{};
+    const std::unique_ptr<glob_t, MatchesReleased> released(&matches);
+    if (::glob("/dev/dvb/adapter*/frontend*", GLOB_NOSORT, nullptr, &matches) != 0) {
+        return {};
+    }
+    std::vector<std::string> paths(matches.gl_pathv, matches.gl_pathv + matches.gl_pathc);
+    std::sort(paths.begin(), paths.end(), isBefore);
+    return paths;
+}
+
+std::optional<int> measuredBy(const std::string& receiver) {
+    const Descriptor frontend(receiver);
     if (!frontend.isOpen()) {
         return std::nullopt;
     }
@@ -43,6 +68,17 @@ std::optional<int> carrierToNoise() {
     }
     constexpr long long thousandthsInAHundredth = 10;
     return static_cast<int>(property.u.st.stat[0].svalue / thousandthsInAHundredth);
+}
+
+} // namespace
+
+std::optional<int> carrierToNoise() {
+    for (const std::string& receiver : receivers()) {
+        if (const std::optional<int> measured = measuredBy(receiver)) {
+            return measured;
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace KLX::Host

@@ -12,19 +12,26 @@ protected:
 
     std::string valueWith(const std::string& setting, const std::string& value,
                           const std::string& path) const {
-        const Outcome outcome =
-            tool()
-                .environment("KLX_PROFILE", m_profile)
-                .environment("LD_PRELOAD", KLXCTL_PLAYED_HARDWARE)
-                .environment("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0")
-                .environment(setting, value)
-                .run({"get", path});
+        const Outcome outcome = onPlayedHardware()
+                                    .environment("KLX_PROFILE", m_profile)
+                                    .environment(setting, value)
+                                    .run({"get", path});
         EXPECT_EQ(outcome.status, 0) << outcome.messages;
         return outcome.output;
     }
 
+    void plugReceiver(const std::string& name, const std::string& told) const {
+        create_directories((m_receivers / name).parent_path());
+        writeFile(m_receivers / name, told);
+    }
+
+    std::string signal() const {
+        return valueWith("KLXCTL_TEST_DVB", m_receivers, "/SetInformation/SNRLevel");
+    }
+
     std::string signalWith(const std::string& told) const {
-        return valueWith("KLXCTL_TEST_CNR", told, "/SetInformation/SNRLevel");
+        plugReceiver("adapter0/frontend0", told);
+        return signal();
     }
 
     std::string resetsWith(const std::string& bootStatus) const {
@@ -33,6 +40,7 @@ protected:
 
 private:
     const std::filesystem::path m_profile = folder() / "set.json";
+    const std::filesystem::path m_receivers = folder() / "dvb";
 };
 
 } // namespace
@@ -48,6 +56,31 @@ TEST_F(HardwareTest, AnyOtherReceiverLeavesTheSignalToTheProfile) {
     EXPECT_EQ(signalWith("relative 40000"), "9.99 dB\n");
     EXPECT_EQ(signalWith("silent"), "9.99 dB\n");
     EXPECT_EQ(signalWith("broken"), "9.99 dB\n");
+}
+
+TEST_F(HardwareTest, NoReceiverAtAllLeavesTheSignalToTheProfile) {
+    EXPECT_EQ(signal(), "9.99 dB\n");
+}
+
+TEST_F(HardwareTest, TheReceiverNeedNotBeTheFirstAdaptersFirst) {
+    plugReceiver("adapter1/frontend1", "decibel 12340");
+    EXPECT_EQ(signal(), "12.34 dB\n");
+}
+
+TEST_F(HardwareTest, ReceiversThatDoNotMeasureArePassedOver) {
+    plugReceiver("adapter0/frontend0", "broken");
+    plugReceiver("adapter0/frontend1", "silent");
+    plugReceiver("adapter1/frontend0", "relative 40000");
+    plugReceiver("adapter2/frontend0", "decibel 12340");
+    EXPECT_EQ(signal(), "12.34 dB\n");
+}
+
+TEST_F(HardwareTest, TheFirstReceiverByNumberTellsTheSignal) {
+    plugReceiver("adapter10/frontend0", "decibel 10000");
+    plugReceiver("adapter2/frontend1", "decibel 21000");
+    EXPECT_EQ(signal(), "21 dB\n");
+    plugReceiver("adapter2/frontend0", "decibel 20000");
+    EXPECT_EQ(signal(), "20 dB\n");
 }
 
 TEST_F(HardwareTest, AWatchdogThatStartedTheMachineCountsAsOneReset) {

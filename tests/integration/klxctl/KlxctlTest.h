@@ -25,6 +25,10 @@ protected:
     /// The tool, ready to run.
     ToolRun tool() const;
 
+    /// The tool on a machine that has none of what PlayedHardware.cpp can play, whatever this one
+    /// has; variables bring it in.
+    ToolRun onPlayedHardware() const;
+
     Outcome run(const std::vector<std::string>& arguments) const { return tool().run(arguments); }
 
     /// The one value that `get` prints for a path.
@@ -39,6 +43,9 @@ protected:
 private:
     std::filesystem::path m_folder;
 };
+
+/// What the tool prints on a terminal.
+std::string onATerminal(ToolRun tool, const std::vector<std::string>& arguments);
 
 /// The names in a folder, in order.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
