@@ -1,9 +1,13 @@
 #include "cec.h"
 
 #include "../Boundary.h"
+#include "../HostLog.h"
 #include "../SetProfile.h"
 #include "../store/Store.h"
 #include "CecAdapter.h"
+#include "dlog.h"
+
+#include <system_error>
 
 using namespace KLX::Host;
 
@@ -14,6 +18,16 @@ constexpr auto storeKey = "switches/hdmi-cec";
 int storedState() {
     return std::get<int>(
         Store::instance().read(storeKey).value_or(currentProfile().switches.hdmiCec));
+}
+
+int currentState() {
+    try {
+        const auto adapter = CecAdapter::open();
+        return adapter ? static_cast<int>(adapter->isEnabled()) : storedState();
+    } catch (const std::system_error& failure) {
+        hostLog(DLOG_WARNING, std::string("HDMI-CEC is told as off: ") + failure.what());
+        return 0;
+    }
 }
 
 } // namespace
@@ -29,11 +43,9 @@ int cec_close_proxy(void) {
 
 int cec_is_enable(void) {
     int state = 0;
-    const int error = answer(__func__, [&] {
-        const auto adapter = CecAdapter::open();
-        state = adapter ? static_cast<int>(adapter->isEnabled()) : storedState();
-    });
-    return error != 0 ? error : state;
+    // There is no status to answer beside the state, so what cannot be told is off.
+    answer(__func__, [&] { state = currentState(); });
+    return state;
 }
 
 int cec_set_enable(int enable) {

@@ -10,18 +10,13 @@
 #include <cstring>
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace KLX::Host {
 namespace {
 
 [[noreturn]] void fail(const std::string& what) {
     throw std::system_error(errno, std::generic_category(), what);
-}
-
-void request(int descriptor, unsigned long number, void* argument, const char* what) {
-    if (::ioctl(descriptor, number, argument) != 0) {
-        fail(what);
-    }
 }
 
 cec_log_addrs televisionAddresses() {
@@ -43,7 +38,7 @@ std::optional<CecAdapter> CecAdapter::open() {
     const char* const path = named != nullptr && *named != '\0' ? named : "/dev/cec0";
     const int descriptor = ::open(path, O_RDWR | O_CLOEXEC);
     if (descriptor >= 0) {
-        return CecAdapter(descriptor);
+        return CecAdapter(descriptor, path);
     }
     // An adapter that was asked for by name, or is there but closed to this user, is no absence.
     if (path == named || errno != ENOENT) {
@@ -52,7 +47,11 @@ std::optional<CecAdapter> CecAdapter::open() {
     return std::nullopt;
 }
 
-CecAdapter::CecAdapter(CecAdapter&& other) noexcept : m_descriptor(other.m_descriptor) {
+CecAdapter::CecAdapter(int descriptor, std::string path) noexcept
+    : m_descriptor(descriptor), m_path(std::move(path)) {}
+
+CecAdapter::CecAdapter(CecAdapter&& other) noexcept
+    : m_descriptor(other.m_descriptor), m_path(std::move(other.m_path)) {
     other.m_descriptor = -1;
 }
 
@@ -64,17 +63,23 @@ CecAdapter::~CecAdapter() {
 
 bool CecAdapter::isEnabled() const {
     cec_log_addrs addresses{};
-    request(m_descriptor, CEC_ADAP_G_LOG_ADDRS, &addresses, "cannot ask the CEC adapter");
+    request(CEC_ADAP_G_LOG_ADDRS, &addresses, "cannot ask the CEC adapter ");
     return addresses.num_log_addrs > 0;
 }
 
 void CecAdapter::enable(bool on) const {
     // Addresses can only be claimed while none are held, so the old ones are given up first.
     cec_log_addrs none{};
-    request(m_descriptor, CEC_ADAP_S_LOG_ADDRS, &none, "cannot silence the CEC adapter");
+    request(CEC_ADAP_S_LOG_ADDRS, &none, "cannot silence the CEC adapter ");
     if (on) {
         cec_log_addrs television = televisionAddresses();
-        request(m_descriptor, CEC_ADAP_S_LOG_ADDRS, &television, "cannot start the CEC adapter");
+        request(CEC_ADAP_S_LOG_ADDRS, &television, "cannot start the CEC adapter ");
+    }
+}
+
+void CecAdapter::request(unsigned long number, void* argument, const char* failure) const {
+    if (::ioctl(m_descriptor, number, argument) != 0) {
+        fail(failure + m_path);
     }
 }
 

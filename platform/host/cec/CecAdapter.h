@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 namespace KLX::Host {
 
@@ -10,23 +11,29 @@ namespace KLX::Host {
  */
 class CecAdapter {
 public:
-    /** Opens the adapter; nothing where the machine has none and none was named. */
+    /**
+     * Opens the adapter; nothing where the machine has none and none was named. Throws
+     * std::system_error, as the calls below do; its text names the device.
+     */
     static std::optional<CecAdapter> open();
 
     CecAdapter(CecAdapter&& other) noexcept;
     CecAdapter& operator=(CecAdapter&&) = delete;
     ~CecAdapter();
 
-    /** Whether the adapter answers on the cable. Throws std::system_error. */
+    /** Whether the adapter answers on the cable. */
     bool isEnabled() const;
 
-    /** Makes the adapter answer as a television, or fall silent. Throws std::system_error. */
+    /** Makes the adapter answer as a television, or fall silent. */
     void enable(bool on) const;
 
 private:
-    explicit CecAdapter(int descriptor) noexcept : m_descriptor(descriptor) {}
+    CecAdapter(int descriptor, std::string path) noexcept;
+
+    void request(unsigned long number, void* argument, const char* failure) const;
 
     int m_descriptor;
+    std::string m_path;
 };
 
 } // namespace KLX::Host

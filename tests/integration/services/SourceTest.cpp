@@ -2,6 +2,8 @@
 
 #include "TvControlService.h"
 
+#include <filesystem>
+
 namespace KLX::Host {
 namespace {
 
@@ -57,6 +59,9 @@ TEST_F(Sources, BelongToTheMainScreen) {
 class Tuner : public HostTest {};
 
 TEST_F(Tuner, TellsTheProfilesSignalWhereThereIsNoReceiver) {
+    if (std::filesystem::exists("/dev/dvb")) {
+        GTEST_SKIP() << "this machine has a receiver of its own";
+    }
     ITunerControl* control = nullptr;
     TvControlService::CreateTunerControl(1, 0, &control);
     ASSERT_NE(control, nullptr);
