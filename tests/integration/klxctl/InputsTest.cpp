@@ -7,9 +7,45 @@
 
 using testing::ContainsRegex;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
+
+const char* const machineWithStick = R"(P: /devices/pci0000:00/usb1
+E: SUBSYSTEM=usb
+E: DEVTYPE=usb_device
+A: bDeviceClass=09
+
+P: /devices/pci0000:00/usb1/1-1
+E: SUBSYSTEM=usb
+E: DEVTYPE=usb_device
+A: product=DataTraveler 3.0
+A: manufacturer=Kingston
+
+P: /devices/pci0000:00/usb1/1-1/1-1:1.0
+E: SUBSYSTEM=usb
+E: DEVTYPE=usb_interface
+A: bInterfaceClass=08
+)";
+
+const char* const tableWithStick =
+    R"(INPUT   STATE  MEANING            PRODUCT           MANUFACTURER
+HDMI1   1      connected
+HDMI2   0      nothing connected
+HDMI3   0      nothing connected
+HDMI4   0      nothing connected
+AV1     0      nothing connected
+AV2     0      nothing connected
+COMP1   0      nothing connected
+COMP2   0      nothing connected
+SCART1  0      nothing connected
+SCART2  0      nothing connected
+USB1    1      connected          DataTraveler 3.0  Kingston
+USB2    0      nothing connected
+USB3    0      nothing connected
+USB4    0      nothing connected
+)";
 
 class InputsTest : public KlxctlTest {
 protected:
@@ -29,6 +65,18 @@ protected:
             }
         }
         return "no such input";
+    }
+
+    /// What the tool prints on a machine with a stick in its first USB port.
+    std::string printedWithStick(const std::vector<std::string>& arguments) const {
+        const std::filesystem::path machine = folder() / "machine.umockdev";
+        writeFile(machine, machineWithStick);
+        std::vector<std::string> command = {KLXCTL_UMOCKDEV_RUN, "--device", machine, "--",
+                                            KLXCTL_TOOL};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        const Outcome outcome = tool().runProgram(command);
+        EXPECT_EQ(outcome.status, 0) << outcome.messages;
+        return outcome.output;
     }
 
     void expectRefused(const std::vector<std::string>& arguments, const std::string& message) {
@@ -56,6 +104,45 @@ TEST_F(InputsTest, JsonNamesStateProductAndManufacturer) {
     EXPECT_EQ(first["state"], "1");
     EXPECT_EQ(first["product"], "");
     EXPECT_EQ(first["manufacturer"], "");
+}
+
+TEST_F(InputsTest, TableShowsTheAttachedUsbDevice) {
+    EXPECT_EQ(printedWithStick({"inputs"}), tableWithStick);
+}
+
+TEST_F(InputsTest, JsonShowsTheAttachedUsbDevice) {
+    EXPECT_THAT(printedWithStick({"inputs", "--json"}), HasSubstr(R"(
+  {
+    "manufacturer" : "Kingston",
+    "name" : "USB1",
+    "product" : "DataTraveler 3.0",
+    "state" : "1"
+  },
+)"));
+}
+
+TEST_F(InputsTest, TableIsColouredOnATerminalOnly) {
+    EXPECT_THAT(run({"inputs"}).output, Not(HasSubstr("\033")));
+    EXPECT_THAT(onATerminal(tool(), {"inputs"}), HasSubstr("\033[32mconnected\033[0m"));
+    EXPECT_THAT(onATerminal(tool(), {"inputs", "--json"}), Not(HasSubstr("\033")));
+}
+
+TEST_F(InputsTest, TableIsNeverColouredWithNoColor) {
+    EXPECT_THAT(onATerminal(tool().environment("NO_COLOR", "1"), {"inputs"}),
+                Not(HasSubstr("\033")));
+}
+
+TEST_F(InputsTest, HdmiSourceTellsNothingAndWhyWithoutItsProcessor) {
+    if (std::filesystem::exists("/dev/video21")) {
+        GTEST_SKIP() << "this machine has a device where a set has its HDMI processor";
+    }
+    ASSERT_EQ(run({"set", "/Input/Source", "13"}).status, 0);
+    for (const char* path : {"/Input/HDMI_Vendor", "/Input/HDMI_Product"}) {
+        const Outcome outcome = tool().environment("KLX_LOG", "warning").run({"get", path});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.output, "\n");
+        EXPECT_THAT(outcome.messages, HasSubstr("Cannot open HDMI processor, errno= 2\n"));
+    }
 }
 
 TEST_F(InputsTest, PortThatIsPluggedInShowsIt) {
