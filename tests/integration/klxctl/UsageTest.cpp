@@ -139,7 +139,11 @@ TEST_F(KlxctlTest, TheManualTellsEveryCommandOptionAndStatus) {
                              "SIGPIPE",
                              "KLX_STATE_DIR",
                              "KLX_PROFILE",
-                             "KLX_LOG"}) {
+                             "KLX_LOG",
+                             "KLX_HOST_SOUND",
+                             "KLX_HOST_CEC",
+                             "KLX_HOST_RFKILL",
+                             "KLX_HOST_MAP_SIZE"}) {
         EXPECT_THAT(manual, HasSubstr(part));
     }
 }
