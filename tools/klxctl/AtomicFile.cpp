@@ -79,10 +79,24 @@ int createPending(const std::string& path) {
     return descriptor;
 }
 
+/// Also where the last link leads to nothing yet. In a circle of links it ends at one of them.
 std::string withLinksFollowed(const std::string& path) {
+    constexpr int most = 40; // as the system itself
+    std::filesystem::path real = path;
     std::error_code error;
-    const std::filesystem::path real = std::filesystem::canonical(path, error);
-    return error ? path : real.string();
+    for (int links = 0; links < most && std::filesystem::is_symlink(real, error); ++links) {
+        const std::filesystem::path next = std::filesystem::read_symlink(real, error);
+        if (error) {
+            break;
+        }
+        real = real.parent_path() / next;
+    }
+    return real.string();
+}
+
+bool isLink(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::is_symlink(path, ignored);
 }
 
 bool isFolder(const std::string& path) {
@@ -102,6 +116,9 @@ AtomicFile::AtomicFile(const std::string& target)
     : m_name(target), m_target(withLinksFollowed(target)) {
     if (isFolder(m_target)) {
         fail(EISDIR);
+    }
+    if (isLink(m_target)) {
+        fail(ELOOP);
     }
     catchSignals();
     int error = EEXIST;

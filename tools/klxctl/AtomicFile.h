@@ -7,13 +7,14 @@
 /// The content goes to a temporary file in the same folder, which takes the target's place in
 /// `commit`. Without a commit it is removed: by the destructor, and when SIGHUP, SIGINT or SIGTERM
 /// ends the process meanwhile. The new file has the permissions that the process's umask leaves; a
-/// symbolic link stays and the file that it leads to is replaced.
+/// symbolic link stays and the file that it leads to is replaced, or made where there is none yet.
 ///
 /// Only one may exist at a time, because signals are the whole process's affair.
 class AtomicFile {
 public:
     /// Creates the temporary file.
-    /// @throws Failure when the target is a folder or the temporary file cannot be created
+    /// @throws Failure when the target is a folder or a circle of symbolic links, or the temporary
+    ///         file cannot be created
     explicit AtomicFile(const std::string& target);
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;

@@ -111,6 +111,25 @@ TEST_F(OutputFileTest, KeepsASymbolicLinkAndReplacesWhatItLeadsTo) {
     EXPECT_EQ(contentOf(outputFolder() / "deep" / "real"), run({"dump"}).output);
 }
 
+TEST_F(OutputFileTest, KeepsASymbolicLinkThatLeadsToNoFileYet) {
+    fs::create_directory(outputFolder() / "deep");
+    fs::create_symlink("deep/link", file());
+    fs::create_symlink("../real", outputFolder() / "deep" / "link");
+    ASSERT_EQ(dumpTo(file()).status, 0);
+    EXPECT_TRUE(fs::is_symlink(file()));
+    EXPECT_TRUE(fs::is_symlink(outputFolder() / "deep" / "link"));
+    EXPECT_EQ(contentOf(outputFolder() / "real"), run({"dump"}).output);
+}
+
+TEST_F(OutputFileTest, ACircleOfSymbolicLinksIsNoTarget) {
+    fs::create_symlink("other", file());
+    fs::create_symlink("out.xml", outputFolder() / "other");
+    const Outcome outcome = dumpTo(file());
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.messages, HasSubstr("Too many levels of symbolic links"));
+    EXPECT_THAT(namesIn(outputFolder()), ElementsAre("other", "out.xml"));
+}
+
 TEST_F(OutputFileTest, MayBeNamedWithoutAFolder) {
     const Outcome outcome = tool().runProgram(
         {"sh", "-c", R"(cd "$1" && exec "$0" dump -o out.xml)", KLXCTL_TOOL, outputFolder()});
