@@ -11,6 +11,9 @@ namespace {
 
 constexpr std::size_t gap = 2;
 
+// What one cell may make every other row pay for. All paths of the set are shorter.
+constexpr std::size_t widestColumn = 100;
+
 /// Characters that take a column, with UTF-8 taken for granted.
 std::size_t widthOf(const std::string& text) {
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char character) {
@@ -48,7 +51,8 @@ std::string lineOf(const std::vector<Cell>& row, const std::vector<std::size_t>&
             line += std::string(missing, ' ') + toned(text, row[column].tone, coloured);
             missing = 0;
         }
-        missing += widths[column] - widthOf(text) + gap;
+        const std::size_t width = widthOf(text);
+        missing += std::max(widths[column], width) - width + gap;
     }
     return line + "\n";
 }
@@ -60,7 +64,8 @@ std::string Table::text(bool coloured) const {
     std::vector<std::size_t> widths(headings.size(), 0);
     const auto widen = [&widths](const std::vector<Cell>& row) {
         for (std::size_t column = 0; column < row.size(); ++column) {
-            widths[column] = std::max(widths[column], widthOf(escaped(row[column].text)));
+            const std::size_t width = widthOf(escaped(row[column].text));
+            widths[column] = std::max(widths[column], std::min(width, widestColumn));
         }
     };
     widen(headings);

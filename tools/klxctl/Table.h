@@ -15,7 +15,8 @@ struct Cell {
     Tone tone = Tone::Plain;
 };
 
-/// Rows in columns that are as wide as their widest cell, under a line of headings.
+/// Rows in columns that are as wide as their widest cell, under a line of headings. A cell that is
+/// very wide moves the rest of its own row only.
 class Table {
 public:
     explicit Table(std::vector<std::string> headings) : m_headings(std::move(headings)) {}

@@ -86,6 +86,20 @@ TEST_F(DiffTest, TellsWhatOneSideLacks) {
     EXPECT_THAT(outcome.output, testing::ContainsRegex("/A/same +\\(not there\\) +\"y\"\n"));
 }
 
+TEST_F(DiffTest, OfOneHugeValueIsNoLongerThanIt) {
+    Json::Value document;
+    for (int index = 0; index < 1000; ++index) {
+        document["A"]["name " + std::to_string(index)]["Value"] = "1";
+    }
+    document["A"]["huge"]["Value"] = std::string(1'000'000, 'x');
+    const Outcome outcome =
+        run({"diff", named("1", Json::writeString(Json::StreamWriterBuilder(), document)),
+             named("2", "{}")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.output, HasSubstr("x\"  (not there)\n/A/name 0 "));
+    EXPECT_LT(outcome.output.size(), 1'500'000U);
+}
+
 TEST_F(DiffTest, InJsonTellsWhatOneSideLacks) {
     const Report report =
         this->report({"diff", named("1", R"({"A": {"only": {"Value": ""}, "none": {}}})"),

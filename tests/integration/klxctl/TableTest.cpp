@@ -41,6 +41,14 @@ TEST(Table, HasColumnsAsWideAsTheirWidestCell) {
                                  "      longer  2\n");
 }
 
+TEST(Table, IsNotWidenedByOneHugeCell) {
+    Table table({"A", "B"});
+    table.add({std::string(1000, 'x'), "1"});
+    table.add({"y", "2"});
+    EXPECT_EQ(table.text(false), "A" + std::string(101, ' ') + "B\n" + std::string(1000, 'x') +
+                                     "  1\ny" + std::string(101, ' ') + "2\n");
+}
+
 TEST(Table, HasNoBlanksAtTheEndOfALine) {
     Table table({"A", "B", "C"});
     table.add({"1", "", ""});
