@@ -10,7 +10,7 @@
 struct Setting {
     std::string path;
     std::optional<std::string> value; ///< none when the document tells none
-    bool isMalformed = false;         ///< what stands in the value's place is no text
+    bool isMalformed = false;         ///< it stands where no value can, or its value is no text
 };
 
 /// The properties of one of the library's documents.

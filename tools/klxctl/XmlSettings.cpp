@@ -40,7 +40,10 @@ std::size_t collect(const xmlNode& parent, const std::string& prefix, const char
         const bool isEmpty = !mayHold || collect(*child, path, attribute, settings) == 0;
         const std::optional<std::string> value = attributeOf(*child, attribute);
         const bool isMenu = mayHold && prefix.empty();
-        if (!isMenu && (isEmpty || value)) {
+        if (isMenu && value) {
+            // The library reads no value there.
+            settings.push_back({path, std::nullopt, true});
+        } else if (!isMenu && (isEmpty || value)) {
             settings.push_back({path, value});
         }
     }

@@ -64,10 +64,17 @@ TEST(SettingsDocument, OfXmlMayHoldAPropertyBelowAnother) {
 }
 
 TEST(SettingsDocument, OfXmlTellsLeavesWithoutAValueButNoEmptyMenus) {
-    EXPECT_THAT(
-        linesOf(xmlOf(R"(<menu name="A" value="1"/><menu name="B"><property name="c"/></menu>)"),
-                xml),
-        ElementsAre("/B/c=(none)"));
+    EXPECT_THAT(linesOf(xmlOf(R"(<menu name="A"/><property name="D"/>
+                                 <menu name="B"><property name="c"/></menu>)"),
+                        xml),
+                ElementsAre("/B/c=(none)"));
+}
+
+TEST(SettingsDocument, OfXmlTellsAValueThatStandsInNoMenu) {
+    EXPECT_THAT(linesOf(xmlOf(R"(<property name="A" value="1"/><menu name="B" value="2"/>
+                                 <menu name="C" value="3"><property name="d" value="4"/></menu>)"),
+                        xml),
+                ElementsAre("/A=(none)!", "/B=(none)!", "/C/d=4", "/C=(none)!"));
 }
 
 TEST(SettingsDocument, OfJsonIsOrderedByName) {
