@@ -15,7 +15,7 @@ void note(int number) {
 
 } // namespace
 
-Interruption::Interruption() : m_formerActions() {
+Interruption::Interruption() : m_formerActions(), m_formerPipeAction() {
     firstSignal = 0;
     for (std::size_t index = 0; index < endingSignals.size(); ++index) {
         struct sigaction action = {};
@@ -28,9 +28,13 @@ Interruption::Interruption() : m_formerActions() {
             sigaction(endingSignals[index], &action, nullptr);
         }
     }
+    struct sigaction ignoring = {};
+    ignoring.sa_handler = SIG_IGN;
+    sigaction(SIGPIPE, &ignoring, &m_formerPipeAction);
 }
 
 Interruption::~Interruption() {
+    sigaction(SIGPIPE, &m_formerPipeAction, nullptr);
     for (std::size_t index = 0; index < endingSignals.size(); ++index) {
         sigaction(endingSignals[index], &m_formerActions[index], nullptr);
     }

@@ -123,8 +123,8 @@ ExitStatus reset(const ResetArguments& given) {
     const Wishes wishes = [&paths] {
         return defaultsOf(paths);
     };
-    return tell(restore(known, CDeviceInfoManager::DATA_FORMAT_XML, wishes, given.options), known,
-                given.asJson, "the set tells no default");
+    return restoreAndTell(known, CDeviceInfoManager::DATA_FORMAT_XML, wishes, given,
+                          "the set tells no default");
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "Restoration.h"
 
-#include "Interruption.h"
 #include "Progress.h"
 #include "PropertyReading.h"
 #include "UndoLog.h"
@@ -54,6 +53,9 @@ Verdict judged(const Item& item, bool isForeseen) {
     if (!item.before) {
         return Verdict::NotWritten;
     }
+    if (!item.held) {
+        return Verdict::NotRead;
+    }
     if (isHeld(item)) {
         return holds(item, item.before) ? Verdict::Unchanged : Verdict::Applied;
     }
@@ -66,6 +68,26 @@ Verdict judged(const Item& item, bool isForeseen) {
     return item.isWritten ? Verdict::Refused : Verdict::NotWritten;
 }
 
+/// @param isStuck whether the former value could not be put back
+Verdict verdictAfterTakingBack(const Item& item, bool isStuck) {
+    if (isStuck || (item.held && item.held->value != item.before->value)) {
+        return Verdict::NotPutBack;
+    }
+    if (!item.held || (item.verdict == Verdict::NotRead && !item.isWritten)) {
+        return judged(item, false);
+    }
+    const bool mayHaveChanged =
+        item.verdict == Verdict::Applied || item.verdict == Verdict::NotRead;
+    return mayHaveChanged ? Verdict::PutBack : item.verdict;
+}
+
+/// What the library applies first in a document comes into the first piece of one.
+Items inLibraryOrder(Items items) {
+    std::stable_partition(items.begin(), items.end(),
+                          [](const Item* item) { return item->property->isRestoredFirst; });
+    return items;
+}
+
 std::string counted(const char* act, std::size_t done, std::size_t all) {
     return std::string(act) + " " + std::to_string(done) + " of " + std::to_string(all);
 }
@@ -73,13 +95,15 @@ std::string counted(const char* act, std::size_t done, std::size_t all) {
 class Restorer {
 public:
     Restorer(const KnownProperties& known, DocumentFormat format, const Wishes& wishes,
-             const RestoreOptions& options)
-        : m_known(known), m_format(format), m_wishes(wishes), m_options(options) {}
+             const RestoreOptions& options, const Interruption& interruption)
+        : m_known(known), m_format(format), m_wishes(wishes), m_options(options),
+          m_interruption(interruption) {}
 
     Restoration run();
 
 private:
     bool isStopped() const { return m_hasFailed || m_interruption.signal() != 0; }
+    bool isUndisturbed() const { return !m_hasFailed && m_signal == 0; }
     bool isWorthwhile() const;
     bool isComplete() const;
 
@@ -88,7 +112,8 @@ private:
 
     void plan();
     void readBefore();
-    void applyOrThrow();
+    void applyOrNote();
+    void note(const std::exception& failure);
     void apply();
     void applyInPieces(const Items& items);
     void write(const Items& items);
@@ -102,12 +127,14 @@ private:
     const DocumentFormat m_format;
     const Wishes& m_wishes;
     const RestoreOptions m_options;
-    const Interruption m_interruption;
+    const Interruption& m_interruption;
     Progress m_progress;
 
     std::vector<Item> m_items; // in the order in which the library applies them
     UndoLog m_log;
+    int m_signal = 0; // that came before everything was applied
     bool m_hasFailed = false;
+    std::string m_failure;
     bool m_isPutBack = false;
 };
 
@@ -153,9 +180,9 @@ bool Restorer::isWorthwhile() const {
 }
 
 bool Restorer::isComplete() const {
-    return !isStopped() && std::all_of(m_items.begin(), m_items.end(), [](const Item& item) {
-        return item.verdict == Verdict::LeftAlone || (isJudged(item) && isHeld(item));
-    });
+    return isUndisturbed() && std::all_of(m_items.begin(), m_items.end(), [](const Item& item) {
+               return item.verdict == Verdict::LeftAlone || (isJudged(item) && isHeld(item));
+           });
 }
 
 void Restorer::apply() {
@@ -178,7 +205,9 @@ void Restorer::apply() {
     if (!disturbed.empty() && !isStopped()) {
         // What was held is held no more, so one setting acts on another: let the library's order
         // decide.
-        write(where(canBeWritten));
+        applyInPieces(inLibraryOrder(where([&differs](const Item& item) {
+            return differs(item) || (canBeWritten(item) && item.isWritten);
+        })));
         readAgain();
     }
 }
@@ -222,12 +251,17 @@ void Restorer::wishAgain() {
 void Restorer::readAgain() {
     for (Item* const item : where(canBeWritten)) {
         m_progress.tell("reading again");
-        item->held = readingOf(item->wish.path);
+        item->held.reset();
+        try {
+            item->held = readingOf(item->wish.path);
+        } catch (const std::exception& failure) {
+            note(failure);
+        }
     }
 }
 
 void Restorer::judge() {
-    const bool isForeseen = m_options.isDryRun && isWorthwhile() && !isStopped();
+    const bool isForeseen = m_options.isDryRun && isWorthwhile() && isUndisturbed();
     for (Item* const item : where(isJudged)) {
         item->verdict = judged(*item, isForeseen);
     }
@@ -235,33 +269,33 @@ void Restorer::judge() {
 
 void Restorer::takeBack() {
     m_progress.tell("putting back");
-    const std::map<std::string, std::string> stuck = m_log.undo(m_known);
+    const auto stuck = m_log.undo(m_known);
     m_isPutBack = true;
     readAgain();
     for (Item* const item : where(canBeWritten)) {
         const auto found = stuck.find(item->wish.path);
-        if (found != stuck.end()) {
-            item->held = Reading{found->second, found->second};
+        const bool isStuck = found != stuck.end();
+        if (isStuck && found->second) {
+            item->held = Reading{*found->second, *found->second};
         }
-        if (found != stuck.end() || item->held->value != item->before->value) {
-            item->verdict = Verdict::NotPutBack;
-        } else if (item->verdict == Verdict::Applied) {
-            item->verdict = Verdict::PutBack;
-        }
+        item->verdict = verdictAfterTakingBack(*item, isStuck);
     }
 }
 
 Restoration Restorer::result() const {
     Restoration result;
     result.options = m_options;
-    result.signal = m_interruption.signal();
+    result.signal = m_signal;
     result.hasFailed = m_hasFailed;
+    result.failure = m_failure;
     result.isWritten = !m_log.isEmpty();
     result.isPutBack = m_isPutBack;
     for (const Item& item : m_items) {
         PropertyOutcome outcome{item.wish.path, item.verdict, item.wish.value, {}, {}};
         if (item.before) {
             outcome.before = item.before->value;
+        }
+        if (item.held) {
             outcome.held = item.held->value;
         }
         result.outcomes.push_back(std::move(outcome));
@@ -273,14 +307,20 @@ Restoration Restorer::result() const {
     return result;
 }
 
-void Restorer::applyOrThrow() {
+void Restorer::note(const std::exception& failure) {
+    m_hasFailed = true;
+    if (m_failure.empty()) {
+        m_failure = failure.what();
+    }
+}
+
+// What was done to the set until a failure has to be put back, and to be reported.
+void Restorer::applyOrNote() {
     try {
         apply();
-    } catch (...) {
-        if (m_options.isAllOrNothing) {
-            m_log.undo(m_known);
-        }
-        throw;
+    } catch (const std::exception& failure) {
+        note(failure);
+        readAgain();
     }
 }
 
@@ -288,8 +328,10 @@ Restoration Restorer::run() {
     plan();
     readBefore();
     if (!m_options.isDryRun && isWorthwhile() && !isStopped()) {
-        applyOrThrow();
+        applyOrNote();
     }
+    // But once, so that everything that follows is decided alike.
+    m_signal = m_interruption.signal();
     judge();
     if (m_options.isAllOrNothing && !m_log.isEmpty() && !isComplete()) {
         takeBack();
@@ -304,6 +346,6 @@ bool overwrites(const Setting& wish, const PropertyDescription& property) {
 }
 
 Restoration restore(const KnownProperties& known, DocumentFormat format, const Wishes& wishes,
-                    const RestoreOptions& options) {
-    return Restorer(known, format, wishes, options).run();
+                    const RestoreOptions& options, const Interruption& interruption) {
+    return Restorer(known, format, wishes, options, interruption).run();
 }

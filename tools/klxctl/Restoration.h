@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Interruption.h"
 #include "KnownProperties.h"
 #include "SettingsDocument.h"
 
@@ -17,8 +18,9 @@ enum class Verdict {
     Refused,    ///< was written, but the set holds something else
     ReadOnly,   ///< holds something else, and cannot be written
     Unknown,    ///< there is no such property
-    Malformed,  ///< what was given is no text
+    Malformed,  ///< what was given does not stand as a property's value, or is no text
     NotWritten, ///< should have been written, but something came between
+    NotRead,    ///< what the set holds at the end could not be read
     PutBack,    ///< had been changed, and holds again what it held before
     NotPutBack, ///< should hold again what it held before, but does not
 };
@@ -41,6 +43,7 @@ struct Restoration {
     RestoreOptions options;
     int signal = 0;         ///< the signal that interrupted the work; 0 for none
     bool hasFailed = false; ///< whether the library could not apply what it was given
+    std::string failure;    ///< what it told; "" when there is no more to tell than its log does
     bool isWritten = false; ///< whether anything was written
     bool isPutBack = false; ///< whether what had been written was taken back
 };
@@ -53,9 +56,10 @@ using Wishes = std::function<std::vector<Setting>()>;
 bool overwrites(const Setting& wish, const PropertyDescription& property);
 
 /// Brings the set to hold values: reads what it holds, has the library apply what differs, and
-/// reads again. SIGHUP, SIGINT and SIGTERM end it early and in order.
+/// reads again. A failure after the first writing ends it early and in order.
 /// @param format of the documents that the library gets, which decides on its order
-/// @throws Failure when the library cannot read; with `isAllOrNothing` what had been written is
-///         taken back before
+/// @param interruption ends it early and in order as well; one that comes when everything was
+///        applied already changes nothing any more
+/// @throws Failure when the library cannot read what it holds before; nothing was written then
 Restoration restore(const KnownProperties& known, DocumentFormat format, const Wishes& wishes,
-                    const RestoreOptions& options);
+                    const RestoreOptions& options, const Interruption& interruption);

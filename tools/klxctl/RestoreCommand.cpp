@@ -39,8 +39,7 @@ ExitStatus restoreFile(const FileArguments& given) {
     const Wishes wishes = [&document, &known, &given] {
         return settingsIn(document, known, given.settingsOnly);
     };
-    return tell(restore(known, document.format(), wishes, given.options), known, given.asJson,
-                "the document has no value");
+    return restoreAndTell(known, document.format(), wishes, given, "the document has no value");
 }
 
 } // namespace

@@ -25,7 +25,7 @@ struct VerdictWord {
 };
 
 // In the order of the summary.
-constexpr std::array<VerdictWord, 11> words = {{
+constexpr std::array<VerdictWord, 12> words = {{
     {Verdict::Applied, "applied", Tone::Good, true},
     {Verdict::Foreseen, "would apply", Tone::Good, true},
     {Verdict::Unchanged, "unchanged", Tone::Faint, true},
@@ -35,6 +35,7 @@ constexpr std::array<VerdictWord, 11> words = {{
     {Verdict::Unknown, "unknown", Tone::Bad, false},
     {Verdict::Malformed, "malformed", Tone::Bad, false},
     {Verdict::NotWritten, "not written", Tone::Bad, false},
+    {Verdict::NotRead, "not read", Tone::Bad, false},
     {Verdict::PutBack, "put back", Tone::Bad, false},
     {Verdict::NotPutBack, "not put back", Tone::Bad, false},
 }};
@@ -106,7 +107,7 @@ std::string detailOf(const PropertyOutcome& outcome, const SimilarNames& similar
     case Verdict::Unknown:
         return unknownDetail(outcome, similar);
     case Verdict::Malformed:
-        return "what stands in the value's place is no text";
+        return "it does not stand as a property in a menu, with a text as its value";
     case Verdict::PutBack:
         return wantedBut(outcome) + " again";
     case Verdict::NotPutBack:
@@ -114,6 +115,7 @@ std::string detailOf(const PropertyOutcome& outcome, const SimilarNames& similar
     case Verdict::Refused:
     case Verdict::ReadOnly:
     case Verdict::NotWritten:
+    case Verdict::NotRead:
         break;
     }
     return wantedBut(outcome);
@@ -128,7 +130,7 @@ std::string summaryOf(const Restoration& restoration) {
             separator = ", ";
         }
     }
-    return summary + "\n";
+    return summary;
 }
 
 std::string textOf(const Restoration& restoration, const SimilarNames& similar,
@@ -139,7 +141,7 @@ std::string textOf(const Restoration& restoration, const SimilarNames& similar,
         table.add({outcome.path, Cell(word.word, word.tone), detailOf(outcome, similar, noValue)});
     }
     return (table.isEmpty() ? "" : table.text(mayColour(STDOUT_FILENO)) + "\n") +
-           summaryOf(restoration);
+           summaryOf(restoration) + "\n";
 }
 
 Json::Value jsonOf(const PropertyOutcome& outcome, const SimilarNames& similar) {
@@ -205,7 +207,9 @@ bool isHopeless(const Restoration& restoration) {
 
 void reportCircumstances(const Restoration& restoration) {
     if (restoration.hasFailed) {
-        report("the library could not apply what it was given; its lines above tell why");
+        report(restoration.failure.empty()
+                   ? "the library could not apply what it was given; its lines above tell why"
+                   : restoration.failure);
     }
     if (restoration.signal != 0) {
         report("interrupted by " + signalName(restoration.signal));
@@ -230,6 +234,14 @@ ExitStatus statusOf(const Restoration& restoration) {
     return isEverythingHeld(restoration) ? ExitStatus::Done : ExitStatus::NotHeld;
 }
 
+/// Somebody has to learn what was done to the set.
+ExitStatus tellWithoutReport(const Restoration& restoration, const std::exception& error) {
+    report(error.what());
+    report("the report is lost; it would have ended with: " + summaryOf(restoration));
+    reportCircumstances(restoration);
+    return ExitStatus::Failed;
+}
+
 } // namespace
 
 void addRestoreOptions(CLI::App& command, RestoreArguments& given) {
@@ -239,11 +251,18 @@ void addRestoreOptions(CLI::App& command, RestoreArguments& given) {
     command.add_flag("--json", given.asJson, "Print the report as JSON");
 }
 
-ExitStatus tell(const Restoration& restoration, const KnownProperties& known, bool asJson,
-                const std::string& noValue) {
-    const SimilarNames similar = similarNames(restoration, known);
-    writeOutput(asJson ? jsonText(jsonOf(restoration, similar))
-                       : textOf(restoration, similar, noValue));
+ExitStatus restoreAndTell(const KnownProperties& known, DocumentFormat format, const Wishes& wishes,
+                          const RestoreArguments& given, const std::string& noValue) {
+    const Interruption interruption;
+    const Restoration restoration = restore(known, format, wishes, given.options, interruption);
+    try {
+        const SimilarNames similar = similarNames(restoration, known);
+        writeOutput(given.asJson ? jsonText(jsonOf(restoration, similar))
+                                 : textOf(restoration, similar, noValue));
+        closeOutput();
+    } catch (const std::exception& error) {
+        return tellWithoutReport(restoration, error);
+    }
     reportCircumstances(restoration);
     return statusOf(restoration);
 }

@@ -16,9 +16,12 @@ struct RestoreArguments {
 /// Declares the options for it.
 void addRestoreOptions(CLI::App& command, RestoreArguments& given);
 
-/// Prints what became of everything, and tells on standard error what came between.
+/// Brings the set to hold values, prints what became of everything, and tells on standard error
+/// what came between; where standard output refuses the report, also what it would have ended with.
+/// No signal cuts it short, from its beginning until the report is written.
+/// @param format of the documents that the library gets
 /// @param noValue why a property was left alone
 /// @return the status that the tool ends with
-/// @throws Failure when standard output refuses the data
-ExitStatus tell(const Restoration& restoration, const KnownProperties& known, bool asJson,
-                const std::string& noValue);
+/// @throws Failure as `restore` does
+ExitStatus restoreAndTell(const KnownProperties& known, DocumentFormat format, const Wishes& wishes,
+                          const RestoreArguments& given, const std::string& noValue);

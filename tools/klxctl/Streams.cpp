@@ -8,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -36,7 +37,8 @@ void writeOutput(const std::string& data) {
 }
 
 void closeOutput() {
-    if (close(STDOUT_FILENO) != 0) {
+    static bool isOpen = true;
+    if (std::exchange(isOpen, false) && close(STDOUT_FILENO) != 0) {
         failOutput(errno);
     }
 }

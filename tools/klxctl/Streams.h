@@ -10,7 +10,8 @@ void reserveStandardStreams();
 /// @throws Failure when it is closed, full or otherwise refuses the data
 void writeOutput(const std::string& data);
 
-/// Ends standard output, so that a failure that shows only then is not lost.
+/// Ends standard output, so that a failure that shows only then is not lost. A second call does
+/// nothing.
 /// @throws Failure as `writeOutput` does
 void closeOutput();
 

@@ -1,13 +1,19 @@
 #include "UndoLog.h"
 
+#include "ExitStatus.h"
 #include "PropertyAccess.h"
 
 #include <algorithm>
 
 namespace {
 
-std::string current(const std::string& path) {
-    return readProperty(path).value_or("");
+/// None when the library cannot read it.
+std::optional<std::string> current(const std::string& path) {
+    try {
+        return readProperty(path).value_or("");
+    } catch (const Failure&) {
+        return std::nullopt;
+    }
 }
 
 bool isReadable(const Assignment& former, const KnownProperties& known) {
@@ -17,8 +23,9 @@ bool isReadable(const Assignment& former, const KnownProperties& known) {
 
 } // namespace
 
-std::map<std::string, std::string> UndoLog::undo(const KnownProperties& known) const {
-    std::map<std::string, std::string> stuck;
+std::map<std::string, std::optional<std::string>>
+UndoLog::undo(const KnownProperties& known) const {
+    std::map<std::string, std::optional<std::string>> stuck;
     for (auto step = m_steps.rbegin(); step != m_steps.rend(); ++step) {
         std::vector<Assignment> changed;
         std::copy_if(step->begin(), step->end(), std::back_inserter(changed),
@@ -31,7 +38,7 @@ std::map<std::string, std::string> UndoLog::undo(const KnownProperties& known) c
             CDeviceInfoManager::SetDeviceInfo(documentOf(changed, format), format);
         }
         for (const Assignment& former : *step) {
-            const std::string held = current(former.path);
+            const std::optional<std::string> held = current(former.path);
             stuck.erase(former.path);
             if (held != former.value) {
                 stuck.emplace(former.path, held);

@@ -4,6 +4,7 @@
 #include "SettingsDocument.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,9 +18,10 @@ public:
 
     /// Takes the steps back, the last one first: a value may belong to the mode that an earlier
     /// step has set. A value that was not readable stays as it is now.
-    /// @return what could not be put back, each with the value that it holds
-    /// @throws Failure when the library cannot read
-    std::map<std::string, std::string> undo(const KnownProperties& known) const;
+    /// What the library cannot read is written all the same.
+    /// @return what could not be put back or read again, each with the value that it holds; none
+    ///         when that could not be read
+    std::map<std::string, std::optional<std::string>> undo(const KnownProperties& known) const;
 
 private:
     std::vector<std::vector<Assignment>> m_steps;

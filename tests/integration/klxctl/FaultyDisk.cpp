@@ -2,9 +2,12 @@
 // takes so long that the terminal is gone or somebody has lost patience meanwhile.
 // KLXCTL_TEST_FSYNC holds "fail in FOLDER", "hang in FOLDER", "delay in FOLDER" or, for a signal
 // that comes, "hang up in FOLDER", "interrupt in FOLDER" or "terminate in FOLDER"; files elsewhere
-// are as ever. Where KLXCTL_TEST_STATVFS is "fail", no disk tells how full it is.
+// are as ever. A file named by KLXCTL_TEST_HANGING appears as soon as it hangs. Where
+// KLXCTL_TEST_STATVFS is "fail", no disk tells how full it is. Where KLXCTL_TEST_OUTPUT is "hang
+// up", "interrupt" or "terminate", that signal comes whenever standard output is written to.
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -35,10 +38,19 @@ int signalOf(const std::string& behaviour) {
     return behaviour == "terminate" ? SIGTERM : 0;
 }
 
+void markHanging() {
+    if (const char* const marker = std::getenv("KLXCTL_TEST_HANGING")) {
+        close(open(marker, O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+    }
+}
+
 int actAs(const std::string& behaviour, int descriptor) {
     if (behaviour == "fail") {
         errno = EIO;
         return -1;
+    }
+    if (behaviour == "hang") {
+        markHanging();
     }
     while (behaviour == "hang") {
         pause();
@@ -63,6 +75,14 @@ int bringToDisk(int descriptor, long call) {
 }
 
 } // namespace
+
+extern "C" __attribute__((visibility("default"))) ssize_t write(int fd, const void* buf, size_t n) {
+    const char* const setting = std::getenv("KLXCTL_TEST_OUTPUT");
+    if (fd == STDOUT_FILENO && setting != nullptr) {
+        raise(signalOf(setting));
+    }
+    return syscall(SYS_write, fd, buf, n);
+}
 
 extern "C" __attribute__((visibility("default"))) int fsync(int fd) {
     return bringToDisk(fd, SYS_fsync);

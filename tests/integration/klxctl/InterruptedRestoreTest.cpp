@@ -72,6 +72,30 @@ TEST_P(InterruptedRestore, PutsBackWhatWasAppliedWhenAllOrNothingIsWanted) {
     EXPECT_EQ(run({"dump", "Picture"}).output, before);
 }
 
+TEST_P(InterruptedRestore, PutsBackAlsoWhenEverythingWasAppliedByThen) {
+    const std::string file = fileOf(jsonOf("Picture", {{"Backlight", "12"}, {"Color", "12"}}));
+    const Report report = interrupted({"restore", file, "--all-or-nothing"});
+    EXPECT_EQ(report.status, 128 + GetParam().signal);
+    EXPECT_EQ(report.count("put back"), 2);
+    EXPECT_EQ(valueOf(backlight), "35");
+}
+
+TEST_P(InterruptedRestore, ThatIsReportedAlreadyIsDoneAsTheReportSays) {
+    for (const char* option : {"--json", "--all-or-nothing"}) {
+        ASSERT_EQ(run({"reset", "/Picture"}).status, 0);
+        const Outcome outcome = tool()
+                                    .environment("LD_PRELOAD", KLXCTL_FAULTY_DISK)
+                                    .environment("KLXCTL_TEST_OUTPUT", GetParam().behaviour)
+                                    .environment("ASAN_OPTIONS", sanitizerOptions)
+                                    .run({"restore", document(), option});
+        EXPECT_EQ(outcome.status, 0) << option;
+        EXPECT_EQ(outcome.signal, 0) << option;
+        EXPECT_THAT(outcome.output, HasSubstr("Tint")) << option;
+        EXPECT_EQ(outcome.messages, "");
+        EXPECT_EQ(valueOf("/Picture/Tint"), "70/30");
+    }
+}
+
 TEST_P(InterruptedRestore, OfAResetIsTheSame) {
     ASSERT_EQ(run({"restore", document()}).status, 0);
     const Report report = interrupted({"reset", "/Picture"});
@@ -89,14 +113,25 @@ INSTANTIATE_TEST_SUITE_P(Signals, InterruptedRestore,
 
 namespace {
 
-class KilledRestore : public RestoreTest {};
+class KilledRestore : public RestoreTest {
+protected:
+    static bool appears(const std::filesystem::path& file) {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (!exists(file) && std::chrono::steady_clock::now() < end) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+        return exists(file);
+    }
+};
 
 } // namespace
 
 TEST_F(KilledRestore, CanBeRepeatedAndLeavesNoFile) {
     const std::string file = fileOf(jsonOf("Picture", {{"Backlight", "12"}, {"Color", "12"}}));
-    const pid_t process = toolOverDisk("hang").start({"restore", file});
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    const std::filesystem::path marker = folder() / "hanging";
+    const pid_t process =
+        toolOverDisk("hang").environment("KLXCTL_TEST_HANGING", marker).start({"restore", file});
+    EXPECT_TRUE(appears(marker));
     kill(process, SIGKILL);
     int status = 0;
     waitpid(process, &status, 0);

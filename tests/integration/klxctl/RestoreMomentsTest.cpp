@@ -48,13 +48,36 @@ protected:
         return std::chrono::steady_clock::now() - begin;
     }
 
-    void interruptAfter(Seconds moment, const std::filesystem::path& state) const {
-        const std::string signal = sigabbrev_np(GetParam());
-        const Outcome outcome = toolWith(state).runProgram(
-            {"timeout", "--foreground", "--preserve-status", "-s", signal,
-             std::to_string(moment.count()), KLXCTL_TOOL, "restore", m_document, "--json"});
+    Outcome endedAfter(Seconds moment, const std::filesystem::path& state,
+                       const std::vector<std::string>& options) const {
+        std::vector<std::string> command = {"timeout",
+                                            "--foreground",
+                                            "--preserve-status",
+                                            "-s",
+                                            sigabbrev_np(GetParam()),
+                                            std::to_string(moment.count()),
+                                            KLXCTL_TOOL,
+                                            "restore",
+                                            m_document,
+                                            "--json"};
+        command.insert(command.end(), options.begin(), options.end());
+        Outcome outcome = toolWith(state).runProgram(command);
         // The process that waits for the killed one may tell its end by its own.
         EXPECT_THAT(outcome.status, AnyOf(0, 128 + GetParam())) << outcome.messages;
+        return outcome;
+    }
+
+    /// Everything holds, and the report says so; or nothing of it does.
+    void interruptAllOrNothingAfter(Seconds moment, const std::filesystem::path& state) const {
+        const Outcome outcome = endedAfter(moment, state, {"--all-or-nothing"});
+        const bool isReportedHeld =
+            !outcome.output.empty() && jsonFrom(outcome.output)["held"].asBool();
+        EXPECT_EQ(valuesIn(state), isReportedHeld ? wanted : m_defaults) << outcome.output;
+        EXPECT_TRUE(isReportedHeld || outcome.status != 0);
+    }
+
+    void interruptAfter(Seconds moment, const std::filesystem::path& state) const {
+        const Outcome outcome = endedAfter(moment, state, {});
         const Values held = valuesIn(state);
         if (!outcome.output.empty()) {
             expectReportToBeTrue(Report{outcome.status, outcome.messages, jsonFrom(outcome.output)},
@@ -118,6 +141,27 @@ TEST_P(RestoreMoments, LeaveEachSettingOldOrNewAndReportedSo) {
     }
     EXPECT_THAT(namesIn(outputFolder()), testing::ElementsAre("document"));
 }
+
+namespace {
+
+class AllOrNothingMoments : public RestoreMoments {};
+
+} // namespace
+
+TEST_P(AllOrNothingMoments, LeaveEverythingOldOrEverythingNewAndReportedSo) {
+    constexpr int moments = 20;
+    const Seconds whole = wholeTime();
+    for (int moment = 1; moment <= moments; ++moment) {
+        SCOPED_TRACE("moment " + std::to_string(moment));
+        const std::filesystem::path state = folder() / ("state-" + std::to_string(moment));
+        interruptAllOrNothingAfter(whole * moment / moments, state);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, AllOrNothingMoments, testing::Values(SIGINT, SIGTERM),
+                         [](const auto& signal) {
+                             return std::string(sigabbrev_np(signal.param));
+                         });
 
 INSTANTIATE_TEST_SUITE_P(Signals, RestoreMoments, testing::Values(SIGINT, SIGTERM, SIGKILL),
                          [](const auto& signal) {

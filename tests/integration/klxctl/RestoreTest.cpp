@@ -172,6 +172,30 @@ TEST_F(RestoreTest, WhereOneSettingActsOnAnotherTheLastOneHolds) {
     EXPECT_EQ(report.of(protection, "held"), "3");
 }
 
+TEST_F(RestoreTest, WhereOneSettingActsOnAnotherNothingElseIsWrittenAgain) {
+    const std::string protection = "/General/System Manager/Auto Protection Time";
+    const std::string file = fileOf(xmlOf(
+        R"(<menu name="General"><property name="System Manager">
+           <property name="Auto Protection Time" value=")" +
+        valueOf(protection) + R"("/></property></menu>
+           <menu name="Picture"><property name="Color" value="50"/></menu>
+           <menu name="General &amp; Privacy"><property name="Power and Energy Saving">
+           <property name="Screen Saver" value="3"/></property></menu>)"));
+    const Outcome outcome = tool().environment("KLX_LOG", "info").run({"restore", file, "--json"});
+    EXPECT_EQ(reportIn(outcome).resultOf("/Picture/Color"), "unchanged");
+    EXPECT_THAT(outcome.messages, HasSubstr("mapKeyID=[" + protection + "] value="));
+    EXPECT_THAT(outcome.messages, testing::Not(HasSubstr("mapKeyID=[/Picture/Color] value=")));
+}
+
+TEST_F(RestoreTest, AValueThatStandsInNoMenuIsMalformed) {
+    const Report report = restore(xmlOf(
+        R"(<property name="Mute" value="1"/><menu name="Sound"><property name="Mute" value="1"/>
+           </menu>)"));
+    EXPECT_EQ(report.status, 3);
+    EXPECT_EQ(report.resultOf("/Mute"), "malformed");
+    EXPECT_EQ(report.resultOf(mute), "applied");
+}
+
 TEST_F(RestoreTest, DryRunTellsAndWritesNothing) {
     const Report report = restore(
         jsonOf("Picture", {{"Backlight", "12"}, {"Color", "50"}, {"Colour", "1"}}), "--dry-run");
@@ -272,9 +296,31 @@ TEST_F(RestoreTest, BytesThatDocumentsCannotCarryAreNoDifference) {
     EXPECT_EQ(valueOf(text), "a\x01z\xff");
 }
 
-TEST_F(RestoreTest, NeedsSomethingToWriteTheReportTo) {
-    const std::string file = fileOf(jsonOf("Sound", {{"Mute", "1"}}));
-    EXPECT_EQ(tool().outputTo("/dev/full").run({"restore", file}).status, 1);
+TEST_F(RestoreTest, TellsWhatWasDoneWhereTheReportCannotBeWritten) {
+    const std::string file = fileOf(jsonOf("Picture", {{"Backlight", "12"}, {"Color", "999"}}));
+    const Outcome outcome = tool().outputTo("/dev/full").run({"restore", file, "--all-or-nothing"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.messages,
+              "klxctl: cannot write to standard output: No space left on device\n"
+              "klxctl: the report is lost; it would have ended with: "
+              "2 asked for: 1 refused, 1 put back\n"
+              "klxctl: not everything could be held, so what had been changed was put back\n");
+    EXPECT_EQ(valueOf(backlight), "35");
+}
+
+// The log has a line about a value that the set refuses. It does not end what is under way.
+TEST_F(RestoreTest, IsCarriedThroughWhereNobodyReadsItsMessages) {
+    const std::string file = fileOf(jsonOf("Picture", {{"Backlight", "999"}, {"Color", "51"}}));
+    const ToolRun unread = tool().environment("KLX_LOG", "error").messagesUnread();
+    const Report putBack = reportIn(unread.run({"restore", file, "--all-or-nothing", "--json"}));
+    EXPECT_EQ(putBack.status, 3);
+    EXPECT_EQ(putBack.resultOf("/Picture/Color"), "put back");
+    EXPECT_EQ(valueOf("/Picture/Color"), "50");
+    const Report applied = reportIn(unread.run({"restore", file, "--json"}));
+    EXPECT_EQ(applied.status, 3);
+    EXPECT_EQ(applied.resultOf(backlight), "refused");
+    EXPECT_EQ(applied.resultOf("/Picture/Color"), "applied");
+    EXPECT_EQ(valueOf("/Picture/Color"), "51");
 }
 
 TEST_F(RestoreTest, OfAHundredThousandUnknownNamesAppliesTheOthers) {
@@ -289,6 +335,11 @@ TEST_F(RestoreTest, OfAHundredThousandUnknownNamesAppliesTheOthers) {
     EXPECT_EQ(report.count("unknown"), 100001);
     EXPECT_EQ(report.count("applied"), 1);
     EXPECT_EQ(valueOf(mute), "1");
+    const Outcome table = run({"restore", outputFolder() / "document"});
+    EXPECT_EQ(table.status, 3);
+    EXPECT_THAT(table.output, testing::EndsWith("\n\n100002 asked for: 1 unchanged, "
+                                                "100001 unknown\n"));
+    EXPECT_LT(table.output.size(), 30'000'000U);
 }
 
 TEST_F(RestoreTest, AValueOfManyMegabytesIsTold) {

@@ -30,6 +30,9 @@ protected:
     inline static const std::string mode = "/Picture/Picture Mode";
     inline static const std::string fact = "/SetInformation/SerialNumber";
 
+    /// Lets a sanitized tool run with something loaded before it.
+    inline static const std::string sanitizerOptions = "verify_asan_link_order=0:detect_leaks=0";
+
     /// Writes a document to a file and names it.
     std::string fileOf(const std::string& document) const;
 

@@ -40,7 +40,7 @@ ToolRun RestoreTest::toolOverDisk(const std::string& behaviour) const {
     return tool()
         .environment("LD_PRELOAD", KLXCTL_FAULTY_DISK)
         .environment("KLXCTL_TEST_FSYNC", behaviour + " in " + stateFolder().string())
-        .environment("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0");
+        .environment("ASAN_OPTIONS", sanitizerOptions);
 }
 
 Json::Value jsonFrom(const std::string& text) {

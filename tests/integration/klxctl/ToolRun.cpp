@@ -121,6 +121,11 @@ ToolRun& ToolRun::outputUnread() {
     return *this;
 }
 
+ToolRun& ToolRun::messagesUnread() {
+    m_messagesUnread = true;
+    return *this;
+}
+
 ToolRun& ToolRun::underFilePermissions() {
     m_underFilePermissions = true;
     return *this;
@@ -140,6 +145,9 @@ Outcome ToolRun::runProgram(const std::vector<std::string>& command) const {
     Pipe messages;
     if (m_outputUnread) {
         output.closeReading();
+    }
+    if (m_messagesUnread) {
+        messages.closeReading();
     }
     const pid_t process = fork();
     if (process == 0) {

@@ -30,6 +30,9 @@ public:
     /// Starts the tool with a standard output that nobody reads.
     ToolRun& outputUnread();
 
+    /// Starts the tool with a standard error that nobody reads.
+    ToolRun& messagesUnread();
+
     /// Takes from the tool, even when root starts it, the right to pass over file permissions.
     ToolRun& underFilePermissions();
 
@@ -54,6 +57,7 @@ private:
     bool m_outputClosed = false;
     bool m_streamsClosed = false;
     bool m_outputUnread = false;
+    bool m_messagesUnread = false;
     bool m_underFilePermissions = false;
     int m_umask = -1;
 };
