@@ -5,6 +5,7 @@
 #include "Exception.h"
 #include "KLXCommonUtil.h"
 
+#include <libxml/dict.h>
 #include <libxml/parser.h>
 
 #include <climits>
@@ -28,10 +29,32 @@ Pointer required(Pointer pointer) {
     return pointer;
 }
 
+using XmlNames = std::unique_ptr<xmlDict, KLX::ReleasedBy<&xmlDictFree>>;
+
+XmlNames createNames() {
+    XmlNames names(required(xmlDictCreate()));
+    for (const char* const name :
+         {"version", "devicetype", "name", "default", "value", "deviceInfo", "menu", "property"}) {
+        required(xmlDictLookup(names.get(), xmlText(name), -1));
+    }
+    return names;
+}
+
+/// The names that documents of this library's making have, kept once for all documents instead of
+/// once an element. Nothing is ever added to them, so that any thread may look them up. It is not
+/// released, because a document may outlive the process's static objects.
+xmlDictPtr sharedNames() {
+    static const xmlDictPtr names = createNames().release();
+    return names;
+}
+
 } // namespace
 
 XmlDocument newXmlDocument() {
-    return XmlDocument(required(xmlNewDoc(xmlText("1.0"))));
+    XmlDocument document(required(xmlNewDoc(xmlText("1.0"))));
+    document->dict = sharedNames();
+    xmlDictReference(document->dict);
+    return document;
 }
 
 XmlDocument parseXmlDocument(const std::string& data) {
@@ -55,7 +78,14 @@ xmlNodePtr addRoot(const XmlDocument& document, const char* name) {
 }
 
 xmlNodePtr addElement(xmlNodePtr parent, const char* name) {
-    return required(xmlNewChild(parent, nullptr, xmlText(name), nullptr));
+    const xmlChar* const shared = xmlDictExists(parent->doc->dict, xmlText(name), -1);
+    if (shared == nullptr) {
+        return required(xmlNewChild(parent, nullptr, xmlText(name), nullptr));
+    }
+    // It takes a name that is the dictionary's as it is, and never changes it.
+    xmlNodePtr const element =
+        required(xmlNewDocNodeEatName(parent->doc, nullptr, const_cast<xmlChar*>(shared), nullptr));
+    return xmlAddChild(parent, element);
 }
 
 void setAttribute(xmlNodePtr element, const char* name, std::string value) {

@@ -14,8 +14,8 @@ import subprocess
 import sys
 import tempfile
 
-RUNS = ["--benchmark_repetitions=7", "--benchmark_enable_random_interleaving=true",
-        "--benchmark_min_time=0.05"]
+RUNS = ["--benchmark_repetitions=25", "--benchmark_enable_random_interleaving=true",
+        "--benchmark_min_time=0.02"]
 PLATFORMS = ["null", "host"]
 SIZES = ["122", "1220", "12200"]
 
