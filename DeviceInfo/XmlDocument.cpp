@@ -33,16 +33,17 @@ using XmlNames = std::unique_ptr<xmlDict, KLX::ReleasedBy<&xmlDictFree>>;
 
 XmlNames createNames() {
     XmlNames names(required(xmlDictCreate()));
-    for (const char* const name :
-         {"version", "devicetype", "name", "default", "value", "deviceInfo", "menu", "property"}) {
+    for (const char* const name : {"rm_as", "version", "deviceInfo", "devicetype", "menu",
+                                   "property", "name", "default", "value"}) {
         required(xmlDictLookup(names.get(), xmlText(name), -1));
     }
     return names;
 }
 
-/// The names that documents of this library's making have, kept once for all documents instead of
-/// once an element. Nothing is ever added to them, so that any thread may look them up. It is not
-/// released, because a document may outlive the process's static objects.
+/// All names of elements and attributes that documents of this library's making have: libxml2 then
+/// copies none for each element. It would add a name that is missing here, which no two threads may
+/// do at once; as it is, it only ever looks names up. They are not released, because a document may
+/// outlive the process's static objects.
 xmlDictPtr sharedNames() {
     static const xmlDictPtr names = createNames().release();
     return names;
@@ -78,14 +79,7 @@ xmlNodePtr addRoot(const XmlDocument& document, const char* name) {
 }
 
 xmlNodePtr addElement(xmlNodePtr parent, const char* name) {
-    const xmlChar* const shared = xmlDictExists(parent->doc->dict, xmlText(name), -1);
-    if (shared == nullptr) {
-        return required(xmlNewChild(parent, nullptr, xmlText(name), nullptr));
-    }
-    // It takes a name that is the dictionary's as it is, and never changes it.
-    xmlNodePtr const element =
-        required(xmlNewDocNodeEatName(parent->doc, nullptr, const_cast<xmlChar*>(shared), nullptr));
-    return xmlAddChild(parent, element);
+    return required(xmlNewChild(parent, nullptr, xmlText(name), nullptr));
 }
 
 void setAttribute(xmlNodePtr element, const char* name, std::string value) {

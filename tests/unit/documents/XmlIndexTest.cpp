@@ -6,6 +6,7 @@
 #include "Exception.h"
 #include "KLXCommonUtil.h"
 
+#include <libxml/dict.h>
 #include <libxml/xpath.h>
 
 #include <random>
@@ -236,6 +237,13 @@ TEST_F(XmlIndexTest, TwoElementsOfOneNameAreSeenByTheSearch) {
     EXPECT_EQ(built({{"M", {bornTwice, bornTwice}}}),
               searched({"/M/" + bornTwice, "/M/" + bornTwice}));
     EXPECT_NE(document.find("<property"), document.rfind("<property"));
+}
+
+TEST_F(XmlIndexTest, NoElementAddsANameToThoseThatAllDocumentsShare) {
+    const int before = xmlDictSize(newXmlDocument()->dict);
+    records.add("/M/A/B", "1").add("/N/ \"A\" \xFF/B", "2").add("/M/x' and '1'='2");
+    dump({{"", {"*"}}}, xml);
+    EXPECT_EQ(xmlDictSize(newXmlDocument()->dict), before);
 }
 
 TEST_F(XmlIndexTest, SameNameBelowAnotherParentIsAnotherElement) {
