@@ -158,25 +158,33 @@ TEST_P(PlatformFaultTest, IsAnsweredWithoutACurrentProfileWhicheverCallFails) {
 INSTANTIATE_TEST_SUITE_P(Each, PlatformFaultTest, ::testing::ValuesIn(operationsOnAProperty()),
                          nameOf);
 
-class OtherPlatformFaultTest : public SweepTest {};
+class OtherPlatformFaultTest : public SweepTest {
+protected:
+    /** Checks the operation with each of its calls failing in turn, beside the undisturbed one. */
+    template <class Check>
+    void sweep(Check check) {
+        const PreparedCall call = GetParam().prepare("");
+        const Observed good = observe(call);
+        for (const PlannedFault& fault : faultsFor(good.calls)) {
+            SCOPED_TRACE(fault.function + ", call " + std::to_string(fault.nth));
+            scene.scene().failNth(fault.function, fault.nth, failure);
+            check(observe(call), good);
+            expectHandlesInOrder();
+        }
+    }
+};
 
 TEST_P(OtherPlatformFaultTest, GivesItsAnswerOrNoneWhicheverCallFails) {
-    const PreparedCall call = GetParam().prepare("");
-    const Observed good = observe(call);
-    for (const PlannedFault& fault : faultsFor(good.calls)) {
-        SCOPED_TRACE(fault.function + ", call " + std::to_string(fault.nth));
-        scene.scene().failNth(fault.function, fault.nth, failure);
-        const Observed faulty = observe(call);
+    sweep([](const Observed& faulty, const Observed& good) {
         EXPECT_THAT(faulty.answer.text, AnyOf(good.answer.text, ""));
         EXPECT_TRUE(faulty.answer.done || faulty.failures() > good.failures());
-        expectHandlesInOrder();
-    }
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, OtherPlatformFaultTest, ::testing::ValuesIn(otherOperations()),
                          nameOf);
 
-class DocumentPlatformFaultTest : public SweepTest {
+class DocumentPlatformFaultTest : public OtherPlatformFaultTest {
 protected:
     /** How many properties are told otherwise. */
     static std::size_t differences(const std::string& text, const std::string& good) {
@@ -192,19 +200,13 @@ protected:
 };
 
 TEST_P(DocumentPlatformFaultTest, CostsOnePropertyItsAnswerWhicheverCallFails) {
-    const PreparedCall call = GetParam().prepare("");
-    const Observed good = observe(call);
-    for (const PlannedFault& fault : faultsFor(good.calls)) {
-        SCOPED_TRACE(fault.function + ", call " + std::to_string(fault.nth));
-        scene.scene().failNth(fault.function, fault.nth, failure);
-        const Observed faulty = observe(call);
+    sweep([](const Observed& faulty, const Observed& good) {
         EXPECT_TRUE(faulty.answer.done);
         if (!good.answer.text.empty()) {
             EXPECT_EQ(entriesOf(faulty.answer.text).size(), entriesOf(good.answer.text).size());
             EXPECT_LE(differences(faulty.answer.text, good.answer.text), 1u);
         }
-        expectHandlesInOrder();
-    }
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, DocumentPlatformFaultTest, ::testing::ValuesIn(operationsOnAll()),
