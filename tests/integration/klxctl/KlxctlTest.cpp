@@ -112,3 +112,8 @@ std::string contentOf(const fs::path& file) {
 void writeFile(const fs::path& file, const std::string& content) {
     std::ofstream(file) << content;
 }
+
+bool inContinuousIntegration() {
+    const char* const ci = std::getenv("CI");
+    return ci != nullptr && std::string(ci) == "true";
+}

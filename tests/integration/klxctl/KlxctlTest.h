@@ -52,4 +52,7 @@ std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
 std::string contentOf(const std::filesystem::path& file);
 
+/** Where no test may leave itself out. */
+bool inContinuousIntegration();
+
 void writeFile(const std::filesystem::path& file, const std::string& content);

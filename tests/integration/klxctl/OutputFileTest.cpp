@@ -8,7 +8,6 @@
 
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
 #include <thread>
 
 namespace fs = std::filesystem;
@@ -21,12 +20,6 @@ namespace {
 constexpr auto permissionBits = fs::perms::mask;
 
 const char* const notPermitted = "mounting in a namespace of one's own is not permitted here";
-
-// There every test has to run.
-bool inContinuousIntegration() {
-    const char* const ci = std::getenv("CI");
-    return ci != nullptr && std::string(ci) == "true";
-}
 
 class OutputFileTest : public KlxctlTest {
 protected:
