@@ -105,6 +105,12 @@ TEST_F(MemoryTest, IsCountedInUnits) {
     EXPECT_EQ(measure(1), 8192000000);
 }
 
+// An emulator that cuts the figures to 32 bits tells so.
+TEST_F(MemoryTest, IsNegativeWhereMoreIsFreeThanThereIs) {
+    hold(0, 0, 1000, 3000, 4096);
+    EXPECT_EQ(measure(1), -8192000);
+}
+
 TEST_F(MemoryTest, FailureLeavesTheOutputAlone) {
     EXPECT_EQ(measure(0), -1);
     EXPECT_THAT(fake::logs(), ElementsAre(generalLine(3, "getMemoryUsageUtil", "getMemoryUsage"),
