@@ -11,6 +11,7 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -51,6 +52,11 @@ bool restrictToInterfaces(udev_enumerate* enumeration, int deviceClass) {
            udev_enumerate_add_match_sysattr(enumeration, "bInterfaceClass", hexClass.data()) >= 0;
 }
 
+/** Whether the path lies directly in the folder. */
+bool isIn(std::string_view path, std::string_view folder) {
+    return path.substr(0, path.rfind('/')) == folder;
+}
+
 /** Adds the device that the interface belongs to; nothing when either was just unplugged. */
 void addDeviceOf(udev* context, const char* interfacePath, DevicesByPort& found) {
     const Device interface(udev_device_new_from_syspath(context, interfacePath));
@@ -59,7 +65,9 @@ void addDeviceOf(udev* context, const char* interfacePath, DevicesByPort& found)
     }
     Device device(udev_device_ref(
         udev_device_get_parent_with_subsystem_devtype(interface.get(), "usb", "usb_device")));
-    if (device) {
+    // For a device that is gone libudev answers with the hub that it was plugged into.
+    if (device &&
+        isIn(udev_device_get_syspath(interface.get()), udev_device_get_syspath(device.get()))) {
         const std::string port = portOf(device.get());
         found.try_emplace(port, std::move(device));
     }

@@ -134,6 +134,20 @@ TEST_F(UsbDevicesTest, CountFollowsPluggingAndUnplugging) {
     EXPECT_EQ(count(), 0);
 }
 
+// As between the removal of a device and that of its interfaces' entries.
+TEST_F(UsbDevicesTest, HubDoesNotCountForTheDeviceThatWasJustPulledOutOfIt) {
+    bus.plug({"1-1", {"09"}, "Hub"});
+    bus.plug(stick("1-1.1", "Gone"));
+    bus.plug(stick("1-2", "Gone, too"));
+    bus.plug(stick("1-3", "There"));
+    for (const char* port : {"1-1.1", "1-2"}) {
+        std::filesystem::remove(std::filesystem::path(bus.sysFolder()) / "bus/usb/devices" / port /
+                                "uevent");
+    }
+    EXPECT_EQ(count(), 1);
+    EXPECT_EQ(products(), Texts{"There"});
+}
+
 TEST_F(UsbDevicesTest, ListStaysAsItWasWhenADeviceIsUnplugged) {
     bus.plug(stick("1-1", "First"));
     bus.plug(stick("1-2", "Second"));
