@@ -73,7 +73,8 @@ run_tests() {
     say "running the tests of build/$preset"
     log=$PWD/build/$preset/tests.log
     rm -f "$log" "build/$preset/Testing/Temporary/LastTest.log"
-    set -- ctest --preset "$preset" --parallel "$(jobs)" --output-log "$log" "$@"
+    # Half as many again as there are processors, because some tests wait.
+    set -- ctest --preset "$preset" --parallel "$(($(jobs) * 3 / 2))" --output-log "$log" "$@"
     result=0
     if [ "$preset" = tsan ]; then
         in_plain_address_space "$@" || result=$?

@@ -48,7 +48,7 @@ int write() {
                                                       "1");
 }
 
-int query() {
+int dump() {
     std::string document;
     return CDeviceInfoManager::GetDeviceInfo({{"*", {}}}, document, "",
                                              CDeviceInfoManager::DATA_FORMAT_XML);
@@ -75,7 +75,7 @@ protected:
 TEST_F(ManagerThreadsTest, FirstCallsAtOnceCreateOneInstance) {
     for (int round = 0; round < 25; ++round) {
         const auto results =
-            atOnce<int>({initialise, read, write, query, initialise, read, write, query});
+            atOnce<int>({initialise, read, write, dump, initialise, read, write, dump});
         EXPECT_THAT(results, Each(1));
         EXPECT_EQ(linesSaying("initializing deviceMap"), 1u);
         seam->forget();

@@ -14,7 +14,7 @@ CatalogueRow sourceStatus(const std::string& source) {
         .fixedDefault("0");
 }
 
-std::vector<CatalogueRow> inputRows() {
+std::vector<CatalogueRow> expectedInput() {
     return {
         sourceStatus("HDMI"),
         sourceStatus("AV"),
@@ -34,7 +34,7 @@ std::vector<CatalogueRow> inputRows() {
     };
 }
 
-std::vector<CatalogueRow> pictureAndSoundRows() {
+std::vector<CatalogueRow> expectedPictureAndSound() {
     return {
         pictureControl("/Picture/Picture Mode", "picture_mode"),
         pictureControl("/Picture/Backlight", "backlight"),
@@ -91,7 +91,7 @@ std::vector<CatalogueRow> pictureAndSoundRows() {
     };
 }
 
-std::vector<CatalogueRow> generalRows() {
+std::vector<CatalogueRow> expectedGeneral() {
     return {
         systemSetting("/General/System Manager/Usage Mode", 10010, "db/menu/support/use_mode")
             .writes("7", {"system_settings_get_value_int(10008)",
@@ -184,7 +184,7 @@ std::vector<CatalogueRow> generalRows() {
     };
 }
 
-std::vector<CatalogueRow> setInformationRows() {
+std::vector<CatalogueRow> expectedSetInformation() {
     return {
         systemText("/SetInformation/Firmware_Version", 128),
         systemText("/SetInformation/SerialNumber", 187),
@@ -278,7 +278,7 @@ std::vector<CatalogueRow> setInformationRows() {
     };
 }
 
-std::vector<CatalogueRow> networkRows() {
+std::vector<CatalogueRow> expectedNetwork() {
     return {
         connectionRow("/Network/DeviceName", "connection_profile_get_network_interface_name(home)",
                       "eth7"),
@@ -322,8 +322,8 @@ std::vector<CatalogueRow> networkRows() {
 
 std::vector<CatalogueRow> expectedCatalogue() {
     std::vector<CatalogueRow> all;
-    for (const auto rows :
-         {inputRows, pictureAndSoundRows, generalRows, setInformationRows, networkRows}) {
+    for (const auto rows : {expectedInput, expectedPictureAndSound, expectedGeneral,
+                            expectedSetInformation, expectedNetwork}) {
         std::vector<CatalogueRow> part = rows();
         std::move(part.begin(), part.end(), std::back_inserter(all));
     }

@@ -8,10 +8,10 @@
 namespace klx::test {
 namespace {
 
-thread_local int remaining = 0;
+thread_local int allocationsLeft = 0;
 
 bool failsNow() {
-    return remaining > 0 && --remaining == 0;
+    return allocationsLeft > 0 && --allocationsLeft == 0;
 }
 
 void* allocate(std::size_t size) {
@@ -29,13 +29,13 @@ char* duplicate(const char* text) {
 } // namespace
 
 FailingXmlMemory::FailingXmlMemory(int nth) {
-    remaining = nth;
+    allocationsLeft = nth;
     xmlMemSetup(&std::free, &allocate, &reallocate, &duplicate);
 }
 
 FailingXmlMemory::~FailingXmlMemory() {
     xmlMemSetup(&std::free, &std::malloc, &std::realloc, &strdup);
-    remaining = 0;
+    allocationsLeft = 0;
 }
 
 } // namespace klx::test

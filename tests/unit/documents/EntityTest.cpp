@@ -38,7 +38,7 @@ std::string longEntity() {
 }
 
 const std::string references = repeated("&a;", 5000);
-const std::string mute = xmlMenu("Sound", xmlProperty("Mute", "1"));
+const std::string soundMenu = xmlMenu("Sound", xmlProperty("Mute", "1"));
 
 struct Bomb {
     const char* name;
@@ -71,7 +71,7 @@ TEST_P(EntityBombTest, TakesLittleMemory) {
 INSTANTIATE_TEST_SUITE_P(
     Bombs, EntityBombTest,
     ::testing::Values(
-        Bomb{"LaughsInText", withEntities(laughs(), mute + "&l9;")},
+        Bomb{"LaughsInText", withEntities(laughs(), soundMenu + "&l9;")},
         Bomb{"LaughsInAValue",
              withEntities(laughs(), xmlMenu("Sound", xmlProperty("Bomb", "&l9;")))},
         Bomb{"LaughsInAName", withEntities(laughs(), xmlMenu("&l9;", ""))},
@@ -80,11 +80,11 @@ INSTANTIATE_TEST_SUITE_P(
         Bomb{"LaughsInParameterEntities",
              withEntities("<!ENTITY % p0 \"lollollollol\">"
                           "<!ENTITY % p1 \"&#37;p0;&#37;p0;&#37;p0;&#37;p0;\">%p1;",
-                          mute)},
-        Bomb{"EntityOfItself", withEntities("<!ENTITY a \"&a;\">", mute + "&a;")},
+                          soundMenu)},
+        Bomb{"EntityOfItself", withEntities("<!ENTITY a \"&a;\">", soundMenu + "&a;")},
         Bomb{"EntityOfItselfInAValue", withEntities("<!ENTITY a \"&b;\"><!ENTITY b \"&a;\">",
                                                     xmlMenu("Sound", xmlProperty("Bomb", "&a;")))},
-        Bomb{"QuadraticInText", withEntities(longEntity(), mute + references), false},
+        Bomb{"QuadraticInText", withEntities(longEntity(), soundMenu + references), false},
         Bomb{"QuadraticInAValue",
              withEntities(longEntity(), xmlMenu("Sound", xmlProperty("Bomb", references)))},
         Bomb{"QuadraticInAName", withEntities(longEntity(), xmlMenu(references, ""))},
@@ -106,15 +106,15 @@ protected:
 };
 
 TEST_F(EntityTest, LaughsAreRefusedBeforeAnythingIsApplied) {
-    EXPECT_FALSE(restore(withEntities(laughs(), mute + "&l9;"), xml));
-    EXPECT_FALSE(
-        restore(withEntities(laughs(), mute + xmlMenu("Sound", xmlProperty("Bomb", "&l9;"))), xml));
+    EXPECT_FALSE(restore(withEntities(laughs(), soundMenu + "&l9;"), xml));
+    EXPECT_FALSE(restore(
+        withEntities(laughs(), soundMenu + xmlMenu("Sound", xmlProperty("Bomb", "&l9;"))), xml));
     EXPECT_THAT(records.applied(), IsEmpty());
 }
 
 TEST_F(EntityTest, GrowthBeyondMeasureIsRefusedBeforeAnythingIsApplied) {
     const std::string growing = xmlMenu("Sound", xmlProperty("Bomb", references));
-    EXPECT_FALSE(restore(withEntities(longEntity(), mute + growing), xml));
+    EXPECT_FALSE(restore(withEntities(longEntity(), soundMenu + growing), xml));
     EXPECT_THAT(records.applied(), IsEmpty());
 }
 
@@ -125,7 +125,7 @@ TEST_F(EntityTest, IsPutIntoAValue) {
 }
 
 TEST_F(EntityTest, ElementsOfAnEntityAreNotApplied) {
-    EXPECT_TRUE(restore(withEntities("<!ENTITY a '" + mute + "'>", "&a;"), xml));
+    EXPECT_TRUE(restore(withEntities("<!ENTITY a '" + soundMenu + "'>", "&a;"), xml));
     EXPECT_THAT(records.applied(), IsEmpty());
 }
 

@@ -1,4 +1,5 @@
 #include "DocumentsTest.h"
+#include "SpecialPaths.h"
 
 #include "Exception.h"
 
@@ -11,10 +12,6 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 
 namespace {
-
-constexpr const char* ndAdj = "/Factory/ND_ADJ";
-constexpr const char* hdrPlusMode = "/Picture/Expert Settings/HDR+ Mode";
-constexpr const char* pictureMode = "/Picture/Picture Mode";
 
 const std::string hdrPlusElement =
     "<property name=\"Expert Settings\"><property name=\"HDR+ Mode\" value=\"1\"/></property>";

@@ -15,23 +15,23 @@ const std::vector<std::string> values = {"",
                                          std::string(100000, 'x')};
 
 /** As segments of a path. */
-const std::vector<std::string> names = {"General & Privacy",
-                                        "Cordix+(HDMI-CEC)",
-                                        "Power On with  Mobile",
-                                        " blanks ",
-                                        "\"quoted\"",
-                                        "<angle>",
-                                        "]|*[@name=\"x\"]",
-                                        "line\nline\ttab\r",
-                                        "\xC3\xB1\xF0\x9F\x98\x80",
-                                        "%s%n",
-                                        "A//B",
-                                        "//A",
-                                        "A//",
-                                        "////",
-                                        "Default",
-                                        "Value",
-                                        "name"};
+const std::vector<std::string> awkwardNames = {"General & Privacy",
+                                               "Cordix+(HDMI-CEC)",
+                                               "Power On with  Mobile",
+                                               " blanks ",
+                                               "\"quoted\"",
+                                               "<angle>",
+                                               "]|*[@name=\"x\"]",
+                                               "line\nline\ttab\r",
+                                               "\xC3\xB1\xF0\x9F\x98\x80",
+                                               "%s%n",
+                                               "A//B",
+                                               "//A",
+                                               "A//",
+                                               "////",
+                                               "Default",
+                                               "Value",
+                                               "name"};
 
 /** A dump, a reset and a restore. */
 class RoundTripTest : public DocumentsTest,
@@ -64,7 +64,7 @@ TEST_P(RoundTripTest, KeepsEveryValue) {
 }
 
 TEST_P(RoundTripTest, KeepsEveryName) {
-    for (const std::string& name : names) {
+    for (const std::string& name : awkwardNames) {
         add("/Menu/" + name, "1");
         add("/Menu/Below/" + name + "/" + name, "2");
     }
@@ -73,7 +73,7 @@ TEST_P(RoundTripTest, KeepsEveryName) {
 
 TEST_P(RoundTripTest, KeepsEveryMenu) {
     Request request;
-    for (const std::string& name : names) {
+    for (const std::string& name : awkwardNames) {
         request["M " + name] = {"A"};
         add("/M " + name + "/A", "1");
     }

@@ -1,8 +1,7 @@
 #include "DocumentsTest.h"
+#include "SpecialPaths.h"
 
 namespace {
-
-constexpr const char* hdrPlusMode = "/Picture/Expert Settings/HDR+ Mode";
 
 std::string answerOff(const std::string&) {
     return "Off";

@@ -158,9 +158,9 @@ protected:
 };
 
 /** Names of a menu and of properties: plain ones, odd ones and such as are more than a name. */
-const std::vector<std::string> names = {"A",    "B",    "A B",  "A  B",     "\xC3\xA9", "\x01",
-                                        "\x02", "\xFF", "a//b", "",         "\"",       "&lt;",
-                                        "<",    "a\nb", "name", "@name=\"A"};
+const std::vector<std::string> plainNames = {"A",    "B",    "A B",  "A  B",     "\xC3\xA9", "\x01",
+                                             "\x02", "\xFF", "a//b", "",         "\"",       "&lt;",
+                                             "<",    "a\nb", "name", "@name=\"A"};
 const std::vector<std::string> quotedNames = {"' or '1'='1", "x' and '1'='2", "A' or @name='B",
                                               "it's", "x'] | *[@name='A"};
 
@@ -180,7 +180,7 @@ public:
 
 private:
     const std::string& name() {
-        const auto& some = below(20) == 0 ? quotedNames : names;
+        const auto& some = below(20) == 0 ? quotedNames : plainNames;
         return some[below(some.size())];
     }
 

@@ -25,11 +25,11 @@ namespace {
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-int number = 0;
-bool flag = false;
-double fraction = 0;
-char* text = nullptr;
-unsigned char byte = 0;
+int anyNumber = 0;
+bool anyFlag = false;
+double anyFraction = 0;
+char* anyText = nullptr;
+unsigned char anyByte = 0;
 constexpr auto kStored = PELM_SAVE_STORED;
 
 template <typename T>
@@ -39,33 +39,33 @@ T* into() {
 }
 
 void callStore() {
-    vconf_get_int("k", &number);
-    vconf_get_bool("k", &number);
+    vconf_get_int("k", &anyNumber);
+    vconf_get_bool("k", &anyNumber);
     vconf_get_str("k");
     vconf_set_int("k", 1);
     vconf_set_bool("k", 1);
     vconf_set_str("l", "x");
-    get_vconf_key_default_value("k", &number, &text);
+    get_vconf_key_default_value("k", &anyNumber, &anyText);
 }
 
 void callSystem() {
     const auto fact = static_cast<system_info_key_e>(1);
     const auto setting = static_cast<system_settings_key_e>(1);
     const auto state = static_cast<runtime_info_key_e>(1);
-    system_info_get_value_int(fact, &number);
-    system_info_get_value_string(fact, &text);
-    system_info_get_custom_int("f", &number);
-    system_info_get_custom_bool("f", &flag);
-    system_info_get_custom_string("f", &text);
-    system_settings_get_value_int(setting, &number);
-    system_settings_get_value_string(setting, &text);
+    system_info_get_value_int(fact, &anyNumber);
+    system_info_get_value_string(fact, &anyText);
+    system_info_get_custom_int("f", &anyNumber);
+    system_info_get_custom_bool("f", &anyFlag);
+    system_info_get_custom_string("f", &anyText);
+    system_settings_get_value_int(setting, &anyNumber);
+    system_settings_get_value_string(setting, &anyText);
     system_settings_set_value_int(setting, 1);
     system_settings_set_value_bool(setting, true);
     system_settings_set_value_string(setting, "x");
-    runtime_info_get_value_int(state, &number);
-    runtime_info_get_value_bool(state, &flag);
-    runtime_info_get_value_double(state, &fraction);
-    runtime_info_get_value_string(state, &text);
+    runtime_info_get_value_int(state, &anyNumber);
+    runtime_info_get_value_bool(state, &anyFlag);
+    runtime_info_get_value_double(state, &anyFraction);
+    runtime_info_get_value_string(state, &anyText);
 }
 
 void callConnection() {
@@ -79,7 +79,7 @@ void callConnection() {
     connection_profile_iterator_has_next(walk);
     connection_profile_iterator_next(walk, &profile);
     connection_destroy_profile_iterator(walk);
-    connection_get_mac_address(connection, CONNECTION_TYPE_WIFI, &text);
+    connection_get_mac_address(connection, CONNECTION_TYPE_WIFI, &anyText);
     connection_get_wifi_state(connection, into<connection_wifi_state_e>());
     connection_get_cellular_state(connection, into<connection_cellular_state_e>());
     connection_get_ethernet_state(connection, into<connection_ethernet_state_e>());
@@ -89,22 +89,22 @@ void callConnection() {
 void callProfile() {
     const auto ipv4 = CONNECTION_ADDRESS_FAMILY_IPV4;
     connection_profile_get_type(nullptr, into<connection_profile_type_e>());
-    connection_profile_get_ip_address(nullptr, ipv4, &text);
-    connection_profile_get_subnet_mask(nullptr, ipv4, &text);
-    connection_profile_get_gateway_address(nullptr, ipv4, &text);
-    connection_profile_get_dns_address(nullptr, 1, ipv4, &text);
+    connection_profile_get_ip_address(nullptr, ipv4, &anyText);
+    connection_profile_get_subnet_mask(nullptr, ipv4, &anyText);
+    connection_profile_get_gateway_address(nullptr, ipv4, &anyText);
+    connection_profile_get_dns_address(nullptr, 1, ipv4, &anyText);
     connection_profile_get_ip_config_type(nullptr, ipv4, into<connection_ip_config_type_e>());
-    connection_profile_get_network_interface_name(nullptr, &text);
+    connection_profile_get_network_interface_name(nullptr, &anyText);
 }
 
 void callSwitchesAndSound() {
-    wifi_get_enable_kq(&number);
+    wifi_get_enable_kq(&anyNumber);
     wifi_set_enable_kq(true);
-    util_get_wakeOnMobile_mode(&flag);
+    util_get_wakeOnMobile_mode(&anyFlag);
     util_set_wakeOnMobile_mode(true);
-    sound_manager_get_master_mute(&flag);
+    sound_manager_get_master_mute(&anyFlag);
     sound_manager_set_master_mute(true);
-    sound_manager_get_speaker_selection(&number);
+    sound_manager_get_speaker_selection(&anyNumber);
     sound_manager_set_speaker_selection(1);
 }
 
@@ -125,27 +125,27 @@ void callUsbAndCec() {
 }
 
 void readPelm() {
-    pelm_get_backlight(1, &number, kStored);
-    pelm_get_gamma(1, &number, kStored);
-    pelm_get_contrast(1, &byte, kStored);
-    pelm_get_brightness(1, &byte, kStored);
-    pelm_get_sharpness(1, &byte, kStored);
-    pelm_get_color_strength(1, &byte, kStored);
+    pelm_get_backlight(1, &anyNumber, kStored);
+    pelm_get_gamma(1, &anyNumber, kStored);
+    pelm_get_contrast(1, &anyByte, kStored);
+    pelm_get_brightness(1, &anyByte, kStored);
+    pelm_get_sharpness(1, &anyByte, kStored);
+    pelm_get_color_strength(1, &anyByte, kStored);
     pelm_get_picture_mode(1, into<mrtv_picture_mode_e>(), kStored);
     pelm_get_apply_picture_mode(1, into<pelm_apply_picture_mode_e>(), kStored);
     pelm_get_dynamic_contrast(1, into<pelm_value_e>(), kStored);
     pelm_get_film_mode(1, into<pelm_film_mode_e>(), kStored);
-    pelm_get_color_tint(1, &number, kStored);
+    pelm_get_color_tint(1, &anyNumber, kStored);
     pelm_get_hdr_plus_mode(into<pelm_setting_on_off_e>(), kStored);
     pelm_get_gamma_config(into<pelm_gamma_config_e>(), kStored);
     pelm_get_sound_mode(into<pelm_audio_sound_mode_e>(), kStored);
     pelm_get_delay(into<unsigned int>(), kStored);
     pelm_get_energy_saving(1, kStored, into<pelm_energy_saving_e>());
-    pelm_get_eco_sensor(1, kStored, &number);
+    pelm_get_eco_sensor(1, kStored, &anyNumber);
     pelm_get_game_mode(0, kStored, into<pelm_game_mode_e>());
-    pelm_get_video_gray_onoff(&number);
-    pelm_get_audio_format(&number);
-    pelm_get_motion_lighting(0, &number);
+    pelm_get_video_gray_onoff(&anyNumber);
+    pelm_get_audio_format(&anyNumber);
+    pelm_get_motion_lighting(0, &anyNumber);
 }
 
 void writePelm() {
@@ -181,8 +181,8 @@ void callTelevision() {
     TvControlService::CreateVideoControl(1, 0, &video);
     source->GetCurrentSourceInfo(into<TvSourceInfo>());
     source->ChangeSource(13, "a");
-    tuner->GetSNRLevel(&number);
-    video->GetPictureSize(&number);
+    tuner->GetSNRLevel(&anyNumber);
+    video->GetPictureSize(&anyNumber);
     video->SetPictureSize(1, 1);
     TvControlService::Destroy(video);
     v4l2_ext_controls request{};
@@ -195,11 +195,11 @@ void callIdentity() {
     std::string value;
     SettingsService::Get()->GetItemValue("a", value, "");
     SettingsService::Get()->SetItemValue("a", "b", true);
-    IPowerControl::getInstance()->getPowerFailCount(&number);
-    IPowerControl::getInstance()->getWatchdogCount(&number);
+    IPowerControl::getInstance()->getPowerFailCount(&anyNumber);
+    IPowerControl::getInstance()->getWatchdogCount(&anyNumber);
     appserver_get_app_info("a", into<appserver_app_info_s>());
     appserver_get_debug_info(into<appserver_debug_info_s>());
-    appserver_get_used_memory(&text);
+    appserver_get_used_memory(&anyText);
     int room = 0;
     esn_get(nullptr, &room);
 }
