@@ -413,7 +413,7 @@ void CDeviceInfoManager::visitCategory(const std::string& category, Visit visit)
 void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
     const auto noise = KLX::XmlErrorScope::toLog();
     const XmlDocument document = newXmlDocument();
-    const XmlDocumentIndex index(document.get());
+    XmlDocumentIndex index(document.get());
     const xmlNodePtr root = addRoot(document, "rm_as");
     setAttribute(root, "version", "2.5");
     const xmlNodePtr deviceInfo = addElement(root, "deviceInfo");
@@ -461,7 +461,7 @@ xmlNodePtr CDeviceInfoManager::createTree(xmlNodePtr parent, const std::string& 
         KLX_LOG(LogDebug, "Creating %s", segment.name.c_str());
         element = addElement(parent, remaining.size() == fullPath.size() ? "menu" : "property");
         setAttribute(element, "name", name);
-        XmlDocumentIndex::of(element)->add(element);
+        XmlDocumentIndex::of(element).add(element);
     }
     if (segment.length < remaining.size()) {
         return createTree(element, fullPath, remaining.substr(segment.length));

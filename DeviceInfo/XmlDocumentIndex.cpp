@@ -3,18 +3,21 @@
 #include "Exception.h"
 #include "KLXCommonUtil.h"
 
-#include <functional>
-
 namespace {
 
-const xmlChar* textOfName(const xmlNode* element) {
+/// The text of the element's own attribute; empty also when memory ran out for it, which ends the
+/// build.
+std::string_view nameOf(const xmlNode* element) {
     for (const xmlAttr* attribute = element->properties; attribute != nullptr;
          attribute = attribute->next) {
         if (xmlStrEqual(attribute->name, reinterpret_cast<const xmlChar*>("name")) != 0) {
-            return attribute->children != nullptr ? attribute->children->content : nullptr;
+            const xmlNode* const text = attribute->children;
+            return text != nullptr && text->content != nullptr
+                       ? reinterpret_cast<const char*>(text->content)
+                       : std::string_view();
         }
     }
-    return nullptr;
+    return {};
 }
 
 } // namespace
@@ -27,36 +30,48 @@ XmlDocumentIndex::~XmlDocumentIndex() {
     m_document->_private = nullptr;
 }
 
-XmlDocumentIndex* XmlDocumentIndex::of(const xmlNode* node) {
-    return static_cast<XmlDocumentIndex*>(node->doc->_private);
+XmlDocumentIndex& XmlDocumentIndex::of(const xmlNode* node) {
+    return *static_cast<XmlDocumentIndex*>(node->doc->_private);
 }
 
 bool XmlDocumentIndex::answersFor(std::string_view name) {
     return name.find('\'') == std::string_view::npos;
 }
 
-xmlNodePtr XmlDocumentIndex::find(const xmlNode* parent, std::string_view name) const {
-    const auto found = m_elements.find({parent, name});
-    return found != m_elements.end() ? found->second : nullptr;
+xmlNodePtr XmlDocumentIndex::find(const xmlNode* parent, std::string_view name) {
+    const auto listed = m_listed.find(parent);
+    if (listed == m_listed.end()) {
+        const int order = parent->last != nullptr ? name.compare(nameOf(parent->last)) : 1;
+        if (order >= 0) {
+            return order == 0 ? parent->last : nullptr;
+        }
+    }
+    const Children& children = listed != m_listed.end() ? listed->second : list(parent);
+    const auto found = children.find(name);
+    return found != children.end() ? found->second : nullptr;
 }
 
 void XmlDocumentIndex::add(xmlNodePtr element) {
-    // The text is missing only when memory ran out, which ends the build.
-    if (const xmlChar* const name = textOfName(element)) {
-        m_elements.emplace(Child{element->parent, reinterpret_cast<const char*>(name)}, element);
+    const std::string_view name = nameOf(element);
+    const auto listed = m_listed.find(element->parent);
+    if (listed != m_listed.end()) {
+        listed->second.emplace(name, element);
+    } else if (element->prev != nullptr && name < nameOf(element->prev)) {
+        list(element->parent);
     }
 }
 
-std::size_t XmlDocumentIndex::ChildHash::operator()(const Child& child) const {
-    constexpr std::size_t spread = 31;
-    return std::hash<std::string_view>()(child.name) +
-           std::hash<const xmlNode*>()(child.parent) * spread;
+XmlDocumentIndex::Children& XmlDocumentIndex::list(const xmlNode* parent) {
+    Children& children = m_listed[parent];
+    for (xmlNodePtr child = parent->children; child != nullptr; child = child->next) {
+        children.emplace(nameOf(child), child);
+    }
+    return children;
 }
 
 xmlNodePtr childNamed(xmlNodePtr parent, const std::string& name) {
-    const XmlDocumentIndex* const index = XmlDocumentIndex::of(parent);
-    if (index != nullptr && XmlDocumentIndex::answersFor(name)) {
-        return index->find(parent, name);
+    if (XmlDocumentIndex::answersFor(name)) {
+        return XmlDocumentIndex::of(parent).find(parent, name);
     }
     const auto matches = KLXCommonUtil::xmlFindNodes(parent, "*[@name='" + name + "']");
     if (matches.size() > 1) {

@@ -81,6 +81,8 @@ void KLXCommonUtil::xmlDocumentToString(xmlDocPtr doc, std::string& out) {
     if (!buffer) {
         throw KLX::Exception("Failed to create buffer with xmlBufferCreate().");
     }
+    // By default it would be allocated anew for every few kilobytes that it is given.
+    xmlBufferSetAllocationScheme(buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT);
     const xmlOutputBufferPtr output = xmlOutputBufferCreateBuffer(buffer.get(), nullptr);
     if (output == nullptr) {
         throw KLX::Exception("Failed to create output buffer with xmlOutputBufferCreateBuffer().");

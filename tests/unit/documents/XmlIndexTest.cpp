@@ -196,21 +196,45 @@ std::vector<std::string> somePaths(RandomPaths& random) {
     return {chosen.begin(), chosen.end()};
 }
 
+std::string categoryOf(const std::string& path) {
+    return path.substr(1, path.find('/', 1) - 1);
+}
+
+/** Up to eight of the paths in any order, but category by category, as requests are. */
+std::vector<std::string> someOf(const std::vector<std::string>& paths, RandomPaths& random) {
+    std::vector<std::string> chosen;
+    for (unsigned count = random.below(8) + 1; count > 0; --count) {
+        chosen.push_back(paths[random.below(paths.size())]);
+    }
+    std::stable_sort(chosen.begin(), chosen.end(),
+                     [](const std::string& left, const std::string& right) {
+                         return categoryOf(left) < categoryOf(right);
+                     });
+    return chosen;
+}
+
 TEST_F(XmlIndexTest, AnyRequestGivesWhatSearchesGive) {
     int documents = 0;
     int failures = 0;
-    for (unsigned seed = 0; seed < 300; ++seed) {
+    for (unsigned seed = 0; seed < 600; ++seed) {
         RandomPaths random(seed);
         std::vector<std::string> paths = somePaths(random);
         DeviceInfoManagerSeam::records().clear();
         for (const std::string& path : paths) {
             records.add(path, "value of " + path);
         }
-        // One is asked for again when its elements are there.
-        paths.push_back(paths[random.below(paths.size())]);
-        const std::size_t slash = paths.back().find('/', 1);
-        Request request = {{"", {"*"}}};
-        request[paths.back().substr(1, slash - 1)].push_back(paths.back().substr(slash + 1));
+        // Some are asked for by name, in any order and more than once; often behind all the others.
+        const std::vector<std::string> named = someOf(paths, random);
+        Request request;
+        if (random.below(2) == 0) {
+            paths.clear();
+        } else {
+            request[""] = {"*"};
+        }
+        for (const std::string& path : named) {
+            request[categoryOf(path)].push_back(path.substr(categoryOf(path).size() + 2));
+        }
+        paths.insert(paths.end(), named.begin(), named.end());
 
         const Outcome outcome = built(request);
         ASSERT_EQ(outcome, searched(paths)) << "seed " << seed;
@@ -237,6 +261,18 @@ TEST_F(XmlIndexTest, TwoElementsOfOneNameAreSeenByTheSearch) {
     EXPECT_EQ(built({{"M", {bornTwice, bornTwice}}}),
               searched({"/M/" + bornTwice, "/M/" + bornTwice}));
     EXPECT_NE(document.find("<property"), document.rfind("<property"));
+}
+
+TEST_F(XmlIndexTest, NameIsFoundAgainBehindAQuotedOneThatIsSmaller) {
+    const std::string quoted = "x' and '1'='2";
+    records.add("/M/" + quoted).add("/M/y");
+    EXPECT_EQ(built({{"M", {"y", quoted, "y"}}}), searched({"/M/y", "/M/" + quoted, "/M/y"}));
+}
+
+TEST_F(XmlIndexTest, NamesInAnyOrderAreFoundAgain) {
+    records.add("/M/a").add("/M/b").add("/M/c").add("/M/d");
+    EXPECT_EQ(built({{"M", {"b", "d", "c", "a", "d", "c", "b", "a"}}}),
+              searched({"/M/b", "/M/d", "/M/c", "/M/a", "/M/d", "/M/c", "/M/b", "/M/a"}));
 }
 
 TEST_F(XmlIndexTest, NoElementAddsANameToThoseThatAllDocumentsShare) {
