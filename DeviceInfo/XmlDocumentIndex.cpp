@@ -5,19 +5,24 @@
 
 namespace {
 
-/// The text of the element's own attribute; empty also when memory ran out for it, which ends the
-/// build.
-std::string_view nameOf(const xmlNode* element) {
+/// The text of the element's own attribute; null where it has none, or where memory ran out for it,
+/// which ends the build.
+const char* nameOf(const xmlNode* element) {
     for (const xmlAttr* attribute = element->properties; attribute != nullptr;
          attribute = attribute->next) {
         if (xmlStrEqual(attribute->name, reinterpret_cast<const xmlChar*>("name")) != 0) {
             const xmlNode* const text = attribute->children;
-            return text != nullptr && text->content != nullptr
-                       ? reinterpret_cast<const char*>(text->content)
-                       : std::string_view();
+            return text != nullptr ? reinterpret_cast<const char*>(text->content) : nullptr;
         }
     }
-    return {};
+    return nullptr;
+}
+
+/// Whether the element comes behind another of its parent's in the order of names, too.
+bool ascends(const xmlNode* element) {
+    const char* const before = element->prev != nullptr ? nameOf(element->prev) : "";
+    const char* const name = nameOf(element);
+    return before != nullptr && name != nullptr && std::string_view(name) >= before;
 }
 
 } // namespace
@@ -39,9 +44,13 @@ bool XmlDocumentIndex::answersFor(std::string_view name) {
 }
 
 xmlNodePtr XmlDocumentIndex::find(const xmlNode* parent, std::string_view name) {
+    if (parent->last == nullptr) {
+        return nullptr;
+    }
     const auto listed = m_listed.find(parent);
     if (listed == m_listed.end()) {
-        const int order = parent->last != nullptr ? name.compare(nameOf(parent->last)) : 1;
+        const char* const last = nameOf(parent->last);
+        const int order = last != nullptr ? name.compare(last) : -1;
         if (order >= 0) {
             return order == 0 ? parent->last : nullptr;
         }
@@ -52,11 +61,10 @@ xmlNodePtr XmlDocumentIndex::find(const xmlNode* parent, std::string_view name) 
 }
 
 void XmlDocumentIndex::add(xmlNodePtr element) {
-    const std::string_view name = nameOf(element);
     const auto listed = m_listed.find(element->parent);
     if (listed != m_listed.end()) {
-        listed->second.emplace(name, element);
-    } else if (element->prev != nullptr && name < nameOf(element->prev)) {
+        enter(element, listed->second);
+    } else if (!ascends(element)) {
         list(element->parent);
     }
 }
@@ -64,9 +72,15 @@ void XmlDocumentIndex::add(xmlNodePtr element) {
 XmlDocumentIndex::Children& XmlDocumentIndex::list(const xmlNode* parent) {
     Children& children = m_listed[parent];
     for (xmlNodePtr child = parent->children; child != nullptr; child = child->next) {
-        children.emplace(nameOf(child), child);
+        enter(child, children);
     }
     return children;
+}
+
+void XmlDocumentIndex::enter(xmlNodePtr element, Children& children) {
+    if (const char* const name = nameOf(element)) {
+        children.emplace(name, element);
+    }
 }
 
 xmlNodePtr childNamed(xmlNodePtr parent, const std::string& name) {

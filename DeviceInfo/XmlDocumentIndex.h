@@ -39,6 +39,7 @@ private:
     using Children = std::unordered_map<std::string_view, xmlNodePtr>;
 
     Children& list(const xmlNode* parent);
+    static void enter(xmlNodePtr element, Children& children);
 
     xmlDocPtr m_document;
     std::unordered_map<const xmlNode*, Children> m_listed;

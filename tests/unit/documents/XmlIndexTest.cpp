@@ -161,8 +161,9 @@ protected:
 const std::vector<std::string> plainNames = {"A",    "B",    "A B",  "A  B",     "\xC3\xA9", "\x01",
                                              "\x02", "\xFF", "a//b", "",         "\"",       "&lt;",
                                              "<",    "a\nb", "name", "@name=\"A"};
-const std::vector<std::string> quotedNames = {"' or '1'='1", "x' and '1'='2", "A' or @name='B",
-                                              "it's", "x'] | *[@name='A"};
+const std::vector<std::string> quotedNames = {"' or '1'='1",      "x' and '1'='2",
+                                              "A' or @name='B",   "it's",
+                                              "x'] | *[@name='A", "x'] | parent::*[.!='q"};
 
 class RandomPaths {
 public:
@@ -267,6 +268,12 @@ TEST_F(XmlIndexTest, NameIsFoundAgainBehindAQuotedOneThatIsSmaller) {
     const std::string quoted = "x' and '1'='2";
     records.add("/M/" + quoted).add("/M/y");
     EXPECT_EQ(built({{"M", {"y", quoted, "y"}}}), searched({"/M/y", "/M/" + quoted, "/M/y"}));
+}
+
+TEST_F(XmlIndexTest, ElementWithoutANameIsNotTheOneOfAnEmptyName) {
+    const std::string path = "/x'] | parent::*[.!='q/";
+    records.add(path, "1");
+    EXPECT_EQ(built({{"", {"*"}}}), searched({path}));
 }
 
 TEST_F(XmlIndexTest, NamesInAnyOrderAreFoundAgain) {
