@@ -495,8 +495,9 @@ void CDeviceInfoManager::addVisited(const std::string& category, const std::stri
         return;
     }
     const std::string property = key.substr(cut);
-    // Behind a mere prefix the composed key is another one.
-    if (key[cut - 1] == '/' && !contains(property, sourceConnect)) {
+    // Behind a mere prefix, and without a slash before it, the composed key is another one.
+    const bool isComposed = key.front() == '/' && key[cut - 1] == '/';
+    if (isComposed && !contains(property, sourceConnect)) {
         const JsonAnswers answers = jsonAnswers(accessor);
         setAnswers(root[documentText(category)][documentText(property)], answers);
     } else {

@@ -90,6 +90,12 @@ TEST_F(JsonDocumentTest, StarOfALongerCategoryIsLoggedAndLeftOut) {
     EXPECT_THAT(fake::messages(5), ElementsAre("key=[/General/& Privacy/B/C] does not exist"));
 }
 
+TEST_F(JsonDocumentTest, StarOfACategoryInAKeyWithoutItsSlashIsLoggedAndLeftOut) {
+    records.add("Picture/A");
+    EXPECT_EQ(dump({{"icture", {"*"}}}, json), "null");
+    EXPECT_THAT(fake::messages(5), ElementsAre("key=[/icture/A] does not exist"));
+}
+
 TEST_F(JsonDocumentTest, CategoryBeyondTheTenWorksByName) {
     records.add("/General & Privacy/B/C").add("/Connection/D");
     EXPECT_THAT(menus({{"General & Privacy", {"*"}}, {"Connection", {"D"}}}),
