@@ -103,8 +103,8 @@ bool isUp(const NetworkApi& network, unsigned int connectionType) {
 } // namespace
 
 std::string DeviceInfoNetwork::getNetworkType(const std::string&) {
+    NetworkApi network;
     try {
-        NetworkApi network;
         network.init();
         return commonUtil::intToStr(static_cast<int>(network.getConnectionType()));
     } catch (const KLX::Exception& error) {

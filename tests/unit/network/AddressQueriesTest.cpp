@@ -223,6 +223,15 @@ TEST_F(NetworkTypeTest, LogsTheBareTextOfAFailure) {
     EXPECT_THAT(fake::logs(), Contains(Line(5, "getNetworkType", "creating connection failed")));
 }
 
+TEST_F(NetworkTypeTest, LogsAFailureBeforeTheRelease) {
+    scene.currentProfile(home()).fail("connection_get_type", 7);
+    EXPECT_EQ(network.getNetworkType(""), "");
+    const std::vector<std::string> history = fake::history();
+    ASSERT_GE(history.size(), 2U);
+    EXPECT_EQ(history.back(), "connection_destroy(connection)");
+    EXPECT_THAT(history[history.size() - 2], ::testing::StartsWith("log(5) getNetworkType: "));
+}
+
 TEST_F(NetworkTypeTest, LetsOtherExceptionsPassAfterTheRelease) {
     scene.currentProfile(home()).throwFrom("connection_get_type", std::runtime_error("gone"));
     EXPECT_THROW(network.getNetworkType(""), std::runtime_error);
