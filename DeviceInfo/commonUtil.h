@@ -121,7 +121,8 @@ public:
     ///         cannot be read
     static std::string getPictureTintValue(pelm_save_type_e save) {
         const int red = strToInt(getPelmPictureWrapper<int>(pelm_get_color_tint, save));
-        const int green = 100 - red;
+        // Unsigned, so that the difference is defined whatever number the platform answers.
+        const int green = static_cast<int>(100U - static_cast<unsigned>(red));
         KLX_LOG(LogDebug, "get picture red tint :[#%d] / green tint :[#%d]", red, green);
         return intToStr(green) + "/" + intToStr(red);
     }

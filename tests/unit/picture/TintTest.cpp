@@ -1,6 +1,8 @@
 #include "PictureTest.h"
 #include "commonUtil.h"
 
+#include <climits>
+
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -40,6 +42,11 @@ TEST_F(TintTest, EndsOfTheScale) {
 TEST_F(TintTest, ReadsAsAnInt) {
     scene.pelm("color_tint", 300);
     EXPECT_EQ(commonUtil::getPictureTintValue(PELM_SAVE_STORED), "-200/300");
+}
+
+TEST_F(TintTest, AnyNumberCanBeRead) {
+    scene.pelm("color_tint", INT_MIN);
+    EXPECT_EQ(commonUtil::getPictureTintValue(PELM_SAVE_STORED), "-2147483548/-2147483648");
 }
 
 TEST_F(TintTest, FailedReadIsAllGreen) {
