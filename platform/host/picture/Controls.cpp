@@ -30,17 +30,20 @@ const ControlRange& rangeOf(const std::string& name) {
     return found->second;
 }
 
-std::string storeKey(const std::string& name) {
-    return isKeptByPictureMode(name)
-               ? "controls/" + std::to_string(readControl(pictureMode, PELM_SAVE_STORED)) + "/" +
-                     name
-               : "controls/" + name;
-}
+/** Where a control is kept, and what it is when nothing is. */
+struct Place {
+    std::string key;
+    int defaultValue;
+};
 
-int defaultOf(const std::string& name) {
+/** Both for one picture mode, which others may change meanwhile. */
+Place placeOf(const std::string& name) {
     const ControlRange& range = rangeOf(name);
-    return isKeptByPictureMode(name) ? range.defaultIn(readControl(pictureMode, PELM_SAVE_STORED))
-                                     : range.defaultValue;
+    if (!isKeptByPictureMode(name)) {
+        return {"controls/" + name, range.defaultValue};
+    }
+    const int mode = readControl(pictureMode, PELM_SAVE_STORED);
+    return {"controls/" + std::to_string(mode) + "/" + name, range.defaultIn(mode)};
 }
 
 [[noreturn]] void refuse(const std::string& name, const std::string& what) {
@@ -53,11 +56,11 @@ int readControl(const char* name, pelm_save_type_e save) {
     if (save != PELM_SAVE_STORED && save != PELM_SAVE_DEFAULT) {
         refuse(name, "there is no save type " + std::to_string(static_cast<int>(save)));
     }
-    const int defaultValue = defaultOf(name);
+    const Place place = placeOf(name);
     if (save == PELM_SAVE_DEFAULT) {
-        return defaultValue;
+        return place.defaultValue;
     }
-    return std::get<int>(Store::instance().read(storeKey(name)).value_or(defaultValue));
+    return std::get<int>(Store::instance().read(place.key).value_or(place.defaultValue));
 }
 
 void writeControl(const char* name, int value, pelm_save_type_e save) {
@@ -69,7 +72,7 @@ void writeControl(const char* name, int value, pelm_save_type_e save) {
         refuse(name, std::to_string(value) + " is not within " + std::to_string(range.minimum) +
                          " to " + std::to_string(range.maximum));
     }
-    Store::instance().write(storeKey(name), value);
+    Store::instance().write(placeOf(name).key, value);
 }
 
 } // namespace KLX::Host

@@ -2,6 +2,9 @@
 
 #include "pelm.h"
 
+#include <atomic>
+#include <thread>
+
 namespace KLX::Host {
 namespace {
 
@@ -42,6 +45,29 @@ TEST_F(Picture, IsKeptApartForEachPictureMode) {
     choose(dynamicMode);
     EXPECT_EQ(backlight(), ofDynamic - 1);
     EXPECT_EQ(backlight(PELM_SAVE_DEFAULT), ofDynamic);
+}
+
+TEST_F(Picture, IsOfOnePictureModeWhileOthersAreChosen) {
+    choose(movieMode);
+    const int ofMovie = backlight();
+    choose(dynamicMode);
+    const int ofDynamic = backlight() - 1;
+    EXPECT_EQ(pelm_set_backlight(0, ofDynamic, PELM_SAVE_STORED), success);
+    std::atomic<bool> done{false};
+    std::thread viewer([&done] {
+        while (!done) {
+            choose(movieMode);
+            choose(dynamicMode);
+        }
+    });
+    int mixtures = 0;
+    for (int look = 0; look < 5000; ++look) {
+        const int seen = backlight();
+        mixtures += seen != ofMovie && seen != ofDynamic ? 1 : 0;
+    }
+    done = true;
+    viewer.join();
+    EXPECT_EQ(mixtures, 0);
 }
 
 TEST_F(Picture, KeepsOtherControlsForAllPictureModes) {
