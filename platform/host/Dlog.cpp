@@ -6,7 +6,9 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
+#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -32,10 +34,17 @@ bool printLine(int priority, const char* tag, const std::string& text) {
     return writeLine(composeLogLine(priority, tag, text, isJournalStream(STDERR_FILENO, stream)));
 }
 
+// No static that the language guards: a process forked while another thread makes one waits for it
+// for ever.
+constexpr int notYetRead = INT_MIN;
+std::atomic<int> lowestShown{notYetRead};
+
 int readThreshold() {
     const char* const text = std::getenv("KLX_LOG");
     const LogThreshold threshold = parseLogThreshold(text);
-    if (!threshold.understood) {
+    int former = notYetRead;
+    const bool isFirst = lowestShown.compare_exchange_strong(former, threshold.lowestPriority);
+    if (isFirst && !threshold.understood) {
         printLine(DLOG_WARNING, "KLX_HOST",
                   "KLX_LOG is \"" + std::string(text) +
                       "\", but must be debug, info, warning, error or off; using warning");
@@ -44,8 +53,8 @@ int readThreshold() {
 }
 
 bool isShown(int priority) {
-    static const int threshold = readThreshold();
-    return priority >= threshold;
+    const int threshold = lowestShown;
+    return priority >= (threshold != notYetRead ? threshold : readThreshold());
 }
 
 // Most lines fit the buffer; a longer one is formatted once more, into a text of its own size.
