@@ -61,7 +61,7 @@ ToolRun KlxctlTest::tool() const {
 }
 
 ToolRun KlxctlTest::onPlayedHardware() const {
-    ToolRun prepared = tool();
+    ToolRun prepared = KlxctlTest::tool();
     prepared.environment("LD_PRELOAD", KLXCTL_PLAYED_HARDWARE)
         .environment("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0")
         .environment("KLXCTL_TEST_DVB", m_folder / "no receivers")

@@ -23,7 +23,7 @@ protected:
     ~KlxctlTest() override;
 
     /// The tool, ready to run.
-    ToolRun tool() const;
+    virtual ToolRun tool() const;
 
     /// The tool on a machine that has none of what PlayedHardware.cpp can play, whatever this one
     /// has; variables bring it in.
