@@ -65,11 +65,6 @@ void write(const Setting& setting, const std::string& value) {
     }
 }
 
-void apply(const Setting& setting, const std::string& value) {
-    log(DLOG_INFO, "%s: %s(%d) > mapKeyID=[%s] value=[%s]", setting.path, value.c_str());
-    write(setting, value);
-}
-
 void logRestoring(const std::string& value) {
     for (const Setting& setting : settings()) {
         log(DLOG_INFO, "%s: %s(%d) > Restoring value of %s to %s", setting.path, value.c_str());
@@ -151,6 +146,11 @@ std::string getBacklight() {
     });
 }
 
+void apply(const Setting& setting, const std::string& value) {
+    log(DLOG_INFO, "%s: %s(%d) > mapKeyID=[%s] value=[%s]", setting.path, value.c_str());
+    write(setting, value);
+}
+
 void set(const Setting& setting, const std::string& value) {
     log(DLOG_INFO,
         "%s: %s(%d) > SetDevicePropValue menuItemName = [%s] propertyName = [%s] propertyValue "
@@ -192,16 +192,18 @@ std::string xmlDocument(const std::vector<Element>& elements) {
     return serialised(built.get());
 }
 
+void addTo(Json::Value& property, const Setting& setting) {
+    log(DLOG_DEBUG, "%s: %s(%d) > There is NO fixed default value.");
+    property["Default"] = readDefault(setting);
+    property["Value"] = read(setting);
+}
+
 std::string jsonDocument() {
     log(DLOG_INFO, "%s: %s(%d) > GetDeviceInfo retDataFormat = [%d]", 0);
     log(DLOG_DEBUG, "%s: %s(%d) > prepareDeviceInfoData");
     Json::Value root;
     for (const Setting& setting : settings()) {
-        log(DLOG_DEBUG, "%s: %s(%d) > There is NO fixed default value.");
-        const std::string defaultText = readDefault(setting);
-        Json::Value& entry = root[setting.category][setting.path];
-        entry["Default"] = defaultText;
-        entry["Value"] = read(setting);
+        addTo(root[setting.category][setting.path], setting);
     }
     return Json::writeString(Json::StreamWriterBuilder(), root);
 }

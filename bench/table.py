@@ -95,11 +95,14 @@ def operations(folder, options):
 
 def growth(folder, options):
     """Time per record; floors grow with the number of records, too, by what memory costs."""
-    found = times(folder / "klx_bench_growth", options)
-    return [compared(f"{title}, per record of {int(size):,}", *(
-                found[key] / int(size) if (key := f"{name}{kind}/{size}") in found else None
-                for kind in ("", "/floor")))
-            for name, title in GROWTH for size in SIZES if f"{name}/{size}" in found]
+    rows = []
+    for platform in PLATFORMS:
+        found = times(folder / f"klx_bench_growth_{platform}", options)
+        rows += [compared(f"{title}, per record of {int(size):,}, {platform} platform", *(
+                     found[key] / int(size) if (key := f"{name}{kind}/{size}") in found else None
+                     for kind in ("", "/floor")))
+                 for name, title in GROWTH for size in SIZES if f"{name}/{size}" in found]
+    return rows
 
 
 def starts(folder):
