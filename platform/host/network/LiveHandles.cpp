@@ -25,7 +25,7 @@ auto* find(Map& entries, const void* handle) {
 
 Network Client::look() {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return networkOf(m_netlink.read());
+    return networkOf(m_netlink.read(), m_netlink);
 }
 
 LiveHandles& LiveHandles::instance() {

@@ -7,6 +7,7 @@
 #include <netlink/route/addr.h>
 #include <netlink/route/link.h>
 #include <netlink/route/route.h>
+#include <sys/ioctl.h>
 
 #include <array>
 #include <cerrno>
@@ -221,6 +222,16 @@ NetworkFacts Netlink::read() {
     addRoutes(socket.get(), AF_INET6, facts.routes);
     m_socket = std::move(socket);
     return facts;
+}
+
+// The socket knows the links of the namespace that they were read from, wherever this thread is.
+bool Netlink::has(const LinkFacts& link) const {
+    ifreq request{};
+    request.ifr_ifindex = link.index;
+    if (::ioctl(nl_socket_get_fd(m_socket.get()), SIOCGIFNAME, &request) != 0) {
+        return errno != ENODEV;
+    }
+    return link.name == request.ifr_name;
 }
 
 } // namespace KLX::Host

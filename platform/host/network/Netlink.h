@@ -20,6 +20,12 @@ public:
     /** Asks afresh. Throws NetworkFault when the kernel does not answer. */
     NetworkFacts read();
 
+    /**
+     * Whether a link that was read is still there under its name. Where the kernel refuses the
+     * question, it is taken to be.
+     */
+    bool has(const LinkFacts& link) const;
+
 private:
     struct Close {
         void operator()(nl_sock* socket) const noexcept;

@@ -80,6 +80,16 @@ std::optional<std::size_t> currentOf(const NetworkFacts& facts,
     return best != nullptr ? positionOf(profiles, best->link) : std::nullopt;
 }
 
+/** The type of a link, or nothing when it is no connection or is gone by now. */
+std::optional<LinkType> presentTypeOf(const NetworkFacts& facts, const LinkFacts& link,
+                                      const Netlink& netlink) {
+    const bool leadsOut = bestRoute(facts, link.index, std::nullopt) != nullptr;
+    const std::optional<LinkType> type = typeOf(link, leadsOut);
+    // Of a link that left or was renamed since it was read, sysfs tells nothing by the old name,
+    // which would make Ethernet of a Wi-Fi stick that was pulled out.
+    return type != LinkType::Ethernet || netlink.has(link) ? type : std::nullopt;
+}
+
 } // namespace
 
 const Profile* Network::currentProfile() const {
@@ -96,11 +106,10 @@ const Profile* Network::profileOf(LinkType type) const {
     return found != profiles.end() ? &*found : nullptr;
 }
 
-Network networkOf(const NetworkFacts& facts) {
+Network networkOf(const NetworkFacts& facts, const Netlink& netlink) {
     Network network;
     for (const LinkFacts& link : facts.links) {
-        const bool leadsOut = bestRoute(facts, link.index, std::nullopt) != nullptr;
-        if (const auto type = typeOf(link, leadsOut)) {
+        if (const auto type = presentTypeOf(facts, link, netlink)) {
             network.profiles.push_back(profileOf(facts, link, *type));
         }
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LinkType.h"
+#include "Netlink.h"
 #include "NetworkFacts.h"
 
 #include <cstddef>
@@ -40,7 +41,12 @@ struct Network {
     const Profile* profileOf(LinkType type) const;
 };
 
-/** Makes sense of the kernel's facts, with sysfs for the types of the links. */
-Network networkOf(const NetworkFacts& facts);
+/**
+ * Makes sense of the kernel's facts, with sysfs for the types of the links. Those that left or
+ * were renamed before sysfs was asked are left out.
+ *
+ * @param netlink where the facts were read
+ */
+Network networkOf(const NetworkFacts& facts, const Netlink& netlink);
 
 } // namespace KLX::Host
