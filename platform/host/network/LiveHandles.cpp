@@ -23,9 +23,19 @@ auto* find(Map& entries, const void* handle) {
 
 } // namespace
 
+// Each table is read at a moment of its own. A change between two of them gives a network that
+// never was, with a default route over a link that has no address, for example; then it is read
+// again. Where it never comes to rest, the last look has to do.
 Network Client::look() {
+    constexpr int patience = 5;
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return networkOf(m_netlink.read(), m_netlink);
+    for (int i = 1;; ++i) {
+        const NetlinkWatch watch;
+        Network network = networkOf(m_netlink.read(), m_netlink);
+        if (i == patience || !watch.hasSeenChange()) {
+            return network;
+        }
+    }
 }
 
 LiveHandles& LiveHandles::instance() {

@@ -8,6 +8,7 @@
 #include <netlink/route/link.h>
 #include <netlink/route/route.h>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 
 #include <array>
 #include <cerrno>
@@ -188,16 +189,8 @@ void addRoutes(nl_sock* socket, int family, std::vector<DefaultRoute>& routes) {
     });
 }
 
-} // namespace
-
-void Netlink::Close::operator()(nl_sock* socket) const noexcept {
-    nl_socket_free(socket);
-}
-
-Netlink::Netlink() : m_socket(open()) {}
-
-Netlink::Socket Netlink::open() {
-    Socket socket(nl_socket_alloc());
+NetlinkSocket openSocket() {
+    NetlinkSocket socket(nl_socket_alloc());
     if (!socket) {
         throw std::bad_alloc();
     }
@@ -209,9 +202,33 @@ Netlink::Socket Netlink::open() {
     return socket;
 }
 
+} // namespace
+
+void CloseNetlink::operator()(nl_sock* socket) const noexcept {
+    nl_socket_free(socket);
+}
+
+NetlinkWatch::NetlinkWatch() : m_socket(openSocket()) {
+    const int code = nl_socket_add_memberships(m_socket.get(), RTNLGRP_LINK, RTNLGRP_IPV4_IFADDR,
+                                               RTNLGRP_IPV6_IFADDR, RTNLGRP_IPV4_ROUTE,
+                                               RTNLGRP_IPV6_ROUTE, RTNLGRP_NONE);
+    if (code < 0) {
+        giveUp(code, 0, "cannot watch the network for changes");
+    }
+}
+
+// More news than the socket can hold is an error here, and news all the same.
+bool NetlinkWatch::hasSeenChange() const {
+    char news = 0;
+    return ::recv(nl_socket_get_fd(m_socket.get()), &news, sizeof news, MSG_DONTWAIT) >= 0 ||
+           errno != EAGAIN;
+}
+
+Netlink::Netlink() : m_socket(openSocket()) {}
+
 // What fails half-way leaves the rest of an answer in its socket; the next question takes another.
 NetworkFacts Netlink::read() {
-    Socket socket = m_socket ? std::move(m_socket) : open();
+    NetlinkSocket socket = m_socket ? std::move(m_socket) : openSocket();
     NetworkFacts facts;
     const Cache links = readTable(socket.get(), linkTable, AF_UNSPEC);
     forEach<rtnl_link>(links, [&](rtnl_link* link) { facts.links.push_back(factsOf(link)); });

@@ -8,6 +8,24 @@ struct nl_sock;
 
 namespace KLX::Host {
 
+struct CloseNetlink {
+    void operator()(nl_sock* socket) const noexcept;
+};
+
+using NetlinkSocket = std::unique_ptr<nl_sock, CloseNetlink>;
+
+/** Notices when links, addresses or routes change while it lives. */
+class NetlinkWatch {
+public:
+    /** Throws NetworkFault when the kernel does not grant the socket. */
+    NetlinkWatch();
+
+    bool hasSeenChange() const;
+
+private:
+    NetlinkSocket m_socket;
+};
+
 /**
  * A line to the kernel (rtnetlink). Opening one takes a socket and nothing else. It is used from
  * one thread at a time; other objects may be used meanwhile.
@@ -17,7 +35,10 @@ public:
     /** Throws NetworkFault when the kernel does not grant the socket. */
     Netlink();
 
-    /** Asks afresh. Throws NetworkFault when the kernel does not answer. */
+    /**
+     * Asks afresh, for one table after the other; a NetlinkWatch tells whether they fit together.
+     * Throws NetworkFault when the kernel does not answer.
+     */
     NetworkFacts read();
 
     /**
@@ -27,15 +48,7 @@ public:
     bool has(const LinkFacts& link) const;
 
 private:
-    struct Close {
-        void operator()(nl_sock* socket) const noexcept;
-    };
-
-    using Socket = std::unique_ptr<nl_sock, Close>;
-
-    static Socket open();
-
-    Socket m_socket;
+    NetlinkSocket m_socket;
 };
 
 } // namespace KLX::Host

@@ -40,6 +40,14 @@ TEST_F(NetlinkRights, MissingForAQuestionFailThatQuestion) {
     EXPECT_EQ(connection.type(), said(ethernet)) << "the handle is as good as before";
 }
 
+TEST_F(NetlinkRights, MissingForWatchingWhatChangesFailThatQuestion) {
+    addWayOut("eth0");
+    const Connection connection;
+    withoutSystemCall(SYS_socket, AF_NETLINK, EPERM,
+                      [&] { EXPECT_EQ(connection.type(), failed(NetworkError::NetlinkDenied)); });
+    EXPECT_EQ(connection.type(), said(ethernet)) << "the handle is as good as before";
+}
+
 TEST_F(NetlinkRights, AreNotWhatARunOutOfDescriptorsIsCalled) {
     rlimit before{};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
