@@ -5,8 +5,10 @@
 #include "dlog.h"
 
 #include <libudev.h>
+#include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <map>
@@ -101,6 +103,12 @@ std::optional<std::string> textOf(udev_device* device, const char* attribute) {
     return text ? std::optional<std::string>(text) : std::nullopt;
 }
 
+/** Whether a device was unplugged. The kernel takes its texts away later than this file. */
+bool isGone(udev_device* device) {
+    const std::string file = std::string(udev_device_get_syspath(device)) + "/uevent";
+    return ::access(file.c_str(), F_OK) != 0 && errno == ENOENT;
+}
+
 } // namespace
 
 UsbError scanUsbDevices(int deviceClass, std::vector<UsbDevice>& devices) {
@@ -113,7 +121,10 @@ UsbError scanUsbDevices(int deviceClass, std::vector<UsbDevice>& devices) {
     std::vector<UsbDevice> result;
     result.reserve(found.size());
     for (const auto& [port, device] : found) {
-        result.push_back({textOf(device.get(), "product"), textOf(device.get(), "manufacturer")});
+        UsbDevice texts{textOf(device.get(), "product"), textOf(device.get(), "manufacturer")};
+        if (!isGone(device.get())) {
+            result.push_back(std::move(texts));
+        }
     }
     devices = std::move(result);
     return UsbError::None;
