@@ -197,5 +197,16 @@ TEST_F(Disk, FolderThatMayNotBeWrittenIsReported) {
               success);
 }
 
+// A sandbox may hide by which name the kernel knows this boot.
+TEST_F(Disk, ThatHidesTheBootFromAProcessLeavesTheOthersTheirMemoryKeys) {
+    const std::string bootFolder = "/proc/sys/kernel/random";
+    KLX_NEEDS_MOUNT(bootFolder);
+    constexpr auto memoryKey = "memory/sysman/hdmi1";
+    ASSERT_EQ(inOwnProcess([&] { return setInteger(memoryKey, 1); }), success);
+    EXPECT_EQ(onTmpfs(bootFolder, oneMebibyte, [&] { return setInteger(memoryKey, 0); }), success);
+    EXPECT_EQ(inOwnProcess([&] { return integerOr(memoryKey); }), 1);
+    EXPECT_EQ(onTmpfs(bootFolder, oneMebibyte, [&] { return integerOr(memoryKey); }), 0);
+}
+
 } // namespace
 } // namespace KLX::Host

@@ -32,9 +32,9 @@ StoreFile persistentFile() {
 StoreFile memoryFile() {
     const std::string folder = runtimeFolder(stateFolder());
     ensurePrivateFolder(folder);
-    const std::string name = "memory-" + bootId() + ".mdb";
-    discardStaleMemoryStores(folder, name);
-    return {folder + '/' + name, false, chosenMapSize()};
+    const std::optional<std::string> boot = bootId();
+    discardStaleMemoryStores(folder, boot);
+    return {folder + '/' + memoryStoreName(boot), false, chosenMapSize()};
 }
 
 /** The store of one process, told apart by its number. */

@@ -1,8 +1,10 @@
 #include "StoreFolders.h"
 
+#include "Handles.h"
 #include "Hash.h"
 #include "StoreFault.h"
 
+#include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,7 +13,6 @@
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iomanip>
 #include <sstream>
 #include <vector>
@@ -110,6 +111,17 @@ std::string runtimeBase() {
     return ::access("/run", W_OK) == 0 ? "/run" : "/tmp";
 }
 
+// Errors by which a machine has no such file for this process, now or later. Others pass.
+bool isOutOfReach(int code) {
+    return code == ENOENT || code == ENOTDIR || code == EACCES || code == EPERM;
+}
+
+bool startsWith(const std::string& text, const std::string& prefix) {
+    return text.compare(0, prefix.size(), prefix) == 0;
+}
+
+constexpr auto unknownBoot = "unknown";
+
 } // namespace
 
 std::string stateFolder() {
@@ -145,22 +157,37 @@ void ensurePrivateFolder(const std::string& path) {
     }
 }
 
-std::string bootId() {
-    std::ifstream file("/proc/sys/kernel/random/boot_id");
-    std::string id;
-    return file >> id ? id : "unknown";
+std::optional<std::string> bootId() {
+    constexpr auto path = "/proc/sys/kernel/random/boot_id";
+    const Descriptor file(::open(path, O_RDONLY | O_CLOEXEC));
+    if (!file.isOpen() && isOutOfReach(errno)) {
+        return std::nullopt;
+    }
+    std::array<char, 64> text{};
+    const ssize_t size = file.isOpen() ? ::read(file.get(), text.data(), text.size()) : -1;
+    if (size < 0) {
+        throw storeFaultOf(errno, path);
+    }
+    const std::string line(text.data(), static_cast<std::size_t>(size));
+    const std::string id = line.substr(0, line.find_first_of(" \n"));
+    return id.empty() ? std::nullopt : std::optional(id);
 }
 
-void discardStaleMemoryStores(const std::string& folder, const std::string& currentFileName) {
-    const auto startsWith = [](const std::string& name, const std::string& prefix) {
-        return name.compare(0, prefix.size(), prefix) == 0;
-    };
+std::string memoryStoreName(const std::optional<std::string>& boot) {
+    return "memory-" + boot.value_or(unknownBoot) + ".mdb";
+}
+
+void discardStaleMemoryStores(const std::string& folder, const std::optional<std::string>& boot) {
+    if (!boot) {
+        return;
+    }
     // What cannot be removed is only litter: nobody opens it any more.
     std::error_code ignored;
     fs::directory_iterator entry(folder, ignored);
     while (!ignored && entry != fs::directory_iterator()) {
         const std::string name = entry->path().filename().string();
-        if (startsWith(name, "memory-") && !startsWith(name, currentFileName)) {
+        if (startsWith(name, "memory-") && !startsWith(name, memoryStoreName(boot)) &&
+            !startsWith(name, memoryStoreName(std::nullopt))) {
             fs::remove(entry->path(), ignored);
         }
         entry.increment(ignored);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace KLX::Host {
@@ -27,10 +28,21 @@ void ensureFolder(const std::string& path);
 /** As ensureFolder, and refuses a link or a folder that anybody else may look into. */
 void ensurePrivateFolder(const std::string& path);
 
-/** The kernel's name for the time since the last boot, or "unknown". */
-std::string bootId();
+/**
+ * The kernel's name for the time since the last boot; nothing where the machine does not tell it to
+ * this process. Throws StoreFault when only this attempt failed: a process that then went on
+ * without the name would keep its settings apart from everybody else's.
+ */
+std::optional<std::string> bootId();
 
-/** Removes the files of memory stores from before the last boot. */
-void discardStaleMemoryStores(const std::string& folder, const std::string& currentFileName);
+/** The file of the memory store in its folder, also where the boot has no name. */
+std::string memoryStoreName(const std::optional<std::string>& boot);
+
+/**
+ * Removes the files of memory stores from before the last boot. Without the name of this boot
+ * nobody can tell which they are, and nothing is removed; nor is ever the file of processes that do
+ * not know the name, which may be in use.
+ */
+void discardStaleMemoryStores(const std::string& folder, const std::optional<std::string>& boot);
 
 } // namespace KLX::Host

@@ -1,15 +1,23 @@
 #include "HostTest.h"
 
+#include "store/StoreFault.h"
 #include "store/StoreFolders.h"
+
+#include <sys/resource.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace KLX::Host {
 namespace {
 
 using ::testing::AnyOf;
+using ::testing::SizeIs;
 using ::testing::StartsWith;
+using ::testing::UnorderedElementsAre;
 
 class StoreFolders : public HostTest {};
 
@@ -39,6 +47,44 @@ TEST_F(StoreFolders, ForMemoryFallBackWhenNoRuntimeFolderIsThere) {
         EXPECT_THAT(Host::runtimeFolder("/a"),
                     AnyOf(StartsWith("/run/klx-"), StartsWith("/tmp/klx-")));
     }
+}
+
+/** The files that are left of three memory stores after those of earlier boots were discarded. */
+std::vector<std::string> leftOver(const TemporaryFolder& place,
+                                  const std::optional<std::string>& boot) {
+    const std::string folder = place.path("run");
+    for (const char* const name : {"old", "this", "unknown"}) {
+        writeFile(folder + "/memory-" + name + ".mdb", "");
+        writeFile(folder + "/memory-" + name + ".mdb-lock", "");
+    }
+    discardStaleMemoryStores(folder, boot);
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        names.push_back(entry.path().filename().string());
+    }
+    return names;
+}
+
+TEST_F(StoreFolders, KeepTheMemoryStoresThatMayBeInUse) {
+    EXPECT_THAT(leftOver(m_folder, "this"),
+                UnorderedElementsAre("memory-this.mdb", "memory-this.mdb-lock",
+                                     "memory-unknown.mdb", "memory-unknown.mdb-lock"));
+}
+
+TEST_F(StoreFolders, KeepEveryMemoryStoreWhileTheBootIsUnknown) {
+    EXPECT_THAT(leftOver(m_folder, std::nullopt), SizeIs(6));
+}
+
+TEST_F(StoreFolders, DoNotTakeAnAttemptThatFailedForABootWithoutAName) {
+    ASSERT_NE(bootId(), std::nullopt);
+    EXPECT_EQ(bootId(), bootId());
+    EXPECT_EQ(inOwnProcess([] {
+                  const rlimit none{0, 0};
+                  EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+                  EXPECT_THROW(bootId(), StoreFault);
+                  return success;
+              }),
+              success);
 }
 
 } // namespace
