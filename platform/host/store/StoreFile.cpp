@@ -116,6 +116,15 @@ void checkExisting(const StoreFile& file) {
     checkMetaPages(descriptor.get(), file.path);
 }
 
+// On a tmpfs a signal cuts a reservation short, also one whose handler asks for a restart.
+int reserve(int descriptor, off_t size) {
+    int result = 0;
+    do {
+        result = ::fallocate(descriptor, 0, 0, size);
+    } while (result != 0 && errno == EINTR);
+    return result;
+}
+
 /**
  * Gives the lock file its blocks before it is mapped. Without them the first write into the map
  * kills the process when the disk is full.
@@ -132,7 +141,7 @@ void reserveLockFile(const StoreFile& file) {
         throw storeFaultOf(errno, path);
     }
     // Some file systems cannot do this ahead of time; they are used as they are.
-    if (::fallocate(descriptor.get(), 0, 0, size) != 0 && errno != EOPNOTSUPP) {
+    if (reserve(descriptor.get(), size) != 0 && errno != EOPNOTSUPP) {
         throw storeFaultOf(errno, path);
     }
 }

@@ -2,7 +2,29 @@
 
 #include "store/StoreFile.h"
 
+#include <dlfcn.h>
 #include <fcntl.h>
+
+#include <cerrno>
+
+namespace {
+
+/** How many of the next reservations of disk space a signal cuts short. */
+int interruptions = 0;
+
+} // namespace
+
+// Stands in front of the C library's: a signal that arrives in that very instant cannot be staged.
+extern "C" int fallocate(int fd, int mode, off_t offset, off_t len) {
+    if (interruptions > 0) {
+        --interruptions;
+        errno = EINTR;
+        return -1;
+    }
+    using Fallocate = int (*)(int, int, off64_t, off64_t);
+    static const auto real = reinterpret_cast<Fallocate>(dlsym(RTLD_NEXT, "fallocate64"));
+    return real(fd, mode, offset, len);
+}
 
 namespace KLX::Host {
 namespace {
@@ -34,6 +56,12 @@ TEST_F(StoreFileTest, IsNotInheritedByOtherPrograms) {
 TEST_F(StoreFileTest, LeavesNoDraftBehind) {
     openStore({m_folder.path("run/store"), true, mapSize});
     EXPECT_EQ(countFiles(m_folder.path("run"), ""), 2);
+}
+
+TEST_F(StoreFileTest, IsOpenedHoweverManySignalsArriveMeanwhile) {
+    interruptions = 3;
+    EXPECT_NO_THROW(openStore({m_folder.path("store"), true, mapSize}));
+    EXPECT_EQ(interruptions, 0);
 }
 
 } // namespace
