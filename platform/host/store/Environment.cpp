@@ -130,13 +130,12 @@ void Environment::checkLength(std::string_view key, std::size_t length) {
 }
 
 // A file that became shorter would kill the process at the next look into the map. One that was
-// removed is not where other processes look for it.
+// removed, moved away or replaced is not where other processes look for it, and neither are the
+// locks that no longer lie beside it.
 bool Environment::isIntact() {
-    int descriptor = -1;
     struct stat status {};
-    if (!m_store.environment ||
-        mdb_env_get_fd(m_store.environment.get(), &descriptor) != MDB_SUCCESS ||
-        ::fstat(descriptor, &status) != 0 || status.st_nlink == 0 ||
+    if (!m_store.environment || ::stat(m_file.path.c_str(), &status) != 0 ||
+        identityOf(status) != m_store.data || identityAt(m_file.lockPath()) != m_store.lock ||
         status.st_size < m_fileSize.load()) {
         return false;
     }

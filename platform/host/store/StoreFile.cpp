@@ -131,7 +131,7 @@ int reserve(int descriptor, off_t size) {
  */
 void reserveLockFile(const StoreFile& file) {
     constexpr off_t size = off_t{32} * 1024; // what LMDB needs for all reader slots
-    const std::string path = file.path + "-lock";
+    const std::string path = file.lockPath();
     const Descriptor descriptor(
         ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, filePermissions));
     if (!descriptor.isOpen() && errno == EROFS) {
@@ -149,7 +149,8 @@ void reserveLockFile(const StoreFile& file) {
 OpenedStore openEnvironment(const StoreFile& file) {
     // Reader slots belong to transactions, not to threads: any number of threads may come and go.
     constexpr unsigned common = MDB_NOSUBDIR | MDB_NOTLS;
-    OpenedStore store{makeEnvironment(file), 0, false};
+    OpenedStore store;
+    store.environment = makeEnvironment(file);
     const unsigned flags = common | (file.isDurable ? 0U : MDB_NOSYNC);
     int code = mdb_env_open(store.environment.get(), file.path.c_str(), flags, filePermissions);
     if (code == EROFS) {
@@ -162,6 +163,8 @@ OpenedStore openEnvironment(const StoreFile& file) {
     int descriptor = -1;
     check(mdb_env_get_fd(store.environment.get(), &descriptor), file.path);
     ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+    store.data = identityOf(descriptor);
+    store.lock = identityAt(file.lockPath());
     return store;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileIdentity.h"
 #include "Handles.h"
 
 #include <cstddef>
@@ -9,9 +10,11 @@ namespace KLX::Host {
 
 /** Where a store lies and how it is opened. */
 struct StoreFile {
-    std::string path;    ///< The data file; its lock file has the same name and "-lock".
+    std::string path;    ///< The data file, absolute.
     bool isDurable;      ///< A write is on disk before it is acknowledged.
     std::size_t mapSize; ///< Bytes of the first map.
+
+    std::string lockPath() const { return path + "-lock"; }
 };
 
 /** An opened store. */
@@ -19,6 +22,8 @@ struct OpenedStore {
     EnvironmentHandle environment;
     MDB_dbi database = 0;
     bool isReadOnly = false; ///< It lies on a read-only file system.
+    FileIdentity data{};     ///< The data file that is open.
+    FileIdentity lock{}; ///< Its lock file; none where there is none on a read-only file system.
 };
 
 /**

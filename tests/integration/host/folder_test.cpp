@@ -33,6 +33,24 @@ fs::path memoryFolderIn(const std::string& runtimeFolder) {
     return {};
 }
 
+int valueSeen() {
+    int value = 0;
+    return vconf_get_int(key, &value) == success ? value : -1;
+}
+
+int valueSeenByOthers() {
+    return inOwnProcess(valueSeen);
+}
+
+/** This process, which has had the store open for long, and a new one write and read in turn. */
+void expectAgreement(int value) {
+    EXPECT_EQ(valueSeen(), value);
+    EXPECT_EQ(vconf_set_int(key, value + 1), success);
+    EXPECT_EQ(valueSeenByOthers(), value + 1);
+    EXPECT_EQ(inOwnProcess([&] { return vconf_set_int(key, value + 2); }), success);
+    EXPECT_EQ(valueSeen(), value + 2);
+}
+
 class Folders : public HostTest {};
 
 TEST_F(Folders, AreOpenToTheirOwnerOnlyWhateverTheUmask) {
@@ -140,11 +158,17 @@ TEST_F(Folders, MayBeTakenAwayWhileTheStoreIsOpen) {
     ASSERT_EQ(vconf_set_int(key, 1), success);
     fs::remove_all(stateFolder());
     EXPECT_EQ(vconf_set_int(key, 2), success);
-    EXPECT_EQ(inOwnProcess([] {
-                  int value = 0;
-                  return vconf_get_int(key, &value) == success ? value : -1;
-              }),
-              2);
+    EXPECT_EQ(valueSeenByOthers(), 2);
+}
+
+TEST_F(Folders, MayBeMovedAwayWhileTheStoreIsOpen) {
+    ASSERT_EQ(vconf_set_int(key, 1), success);
+    fs::rename(stateFolder(), m_folder.path("state.bad"));
+    EXPECT_EQ(vconf_set_int(key, 2), success);
+    EXPECT_EQ(valueSeenByOthers(), 2);
+    fs::rename(stateFolder(), m_folder.path("state.worse"));
+    EXPECT_EQ(inOwnProcess([] { return vconf_set_int(key, 3); }), success);
+    expectAgreement(3);
 }
 
 } // namespace
