@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <ctime>
 #include <limits>
 #include <mutex>
 #include <shared_mutex>
@@ -43,19 +44,19 @@ Environment::Environment(Locator locate) : m_locate(std::move(locate)) {}
 
 std::optional<Value> Environment::read(std::string_view key) {
     std::optional<Value> value;
-    perform([&] { return tryRead(key, value); });
+    perform(Use::Read, [&] { return tryRead(key, value); });
     return value;
 }
 
 void Environment::update(std::string_view key, const Change& change) {
-    perform([&] { return tryUpdate(key, change); });
+    perform(Use::Write, [&] { return tryUpdate(key, change); });
     m_faults.settle();
 }
 
 template <typename Attempt>
-void Environment::perform(const Attempt& attempt) {
+void Environment::perform(Use use, const Attempt& attempt) {
     for (int i = 0; i < mostAttempts; ++i) {
-        const Outcome outcome = attemptOnce(attempt);
+        const Outcome outcome = attemptOnce(use, attempt);
         if (outcome.code == MDB_SUCCESS) {
             return;
         }
@@ -66,9 +67,9 @@ void Environment::perform(const Attempt& attempt) {
 }
 
 template <typename Attempt>
-Environment::Outcome Environment::attemptOnce(const Attempt& attempt) {
+Environment::Outcome Environment::attemptOnce(Use use, const Attempt& attempt) {
     const std::shared_lock lock(m_lock);
-    return {isIntact() ? attempt() : mustOpen, m_mapSize};
+    return {mayUse(use) ? attempt() : mustOpen, m_mapSize};
 }
 
 int Environment::tryRead(std::string_view key, std::optional<Value>& value) {
@@ -130,12 +131,13 @@ void Environment::checkLength(std::string_view key, std::size_t length) {
 }
 
 // A file that became shorter would kill the process at the next look into the map. One that was
-// removed, moved away or replaced is not where other processes look for it, and neither are the
-// locks that no longer lie beside it.
+// removed is not where other processes look for it.
 bool Environment::isIntact() {
+    int descriptor = -1;
     struct stat status {};
-    if (!m_store.environment || ::stat(m_file.path.c_str(), &status) != 0 ||
-        identityOf(status) != m_store.data || identityAt(m_file.lockPath()) != m_store.lock ||
+    if (!m_store.environment ||
+        mdb_env_get_fd(m_store.environment.get(), &descriptor) != MDB_SUCCESS ||
+        ::fstat(descriptor, &status) != 0 || status.st_nlink == 0 ||
         status.st_size < m_fileSize.load()) {
         return false;
     }
@@ -143,6 +145,24 @@ bool Environment::isIntact() {
     while (known < status.st_size && !m_fileSize.compare_exchange_weak(known, status.st_size)) {
     }
     return true;
+}
+
+// Nor is one that was moved away or replaced, and the locks have to lie beside it.
+bool Environment::isInPlace() const {
+    return identityAt(m_file.path) == m_store.data && identityAt(m_file.lockPath()) == m_store.lock;
+}
+
+// Following the names takes longer than a whole read: reads do it once in a tick of a clock that
+// has a few milliseconds. A write always does, since it would be lost.
+bool Environment::mayUse(Use use) {
+    if (!isIntact()) {
+        return false;
+    }
+    timespec now{};
+    ::clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    const long long tick = now.tv_sec * 1'000'000'000LL + now.tv_nsec;
+    const bool isLookedAt = m_lookedAt.exchange(tick, std::memory_order_relaxed) == tick;
+    return (use == Use::Read && isLookedAt) || isInPlace();
 }
 
 void Environment::remedy(const Outcome& outcome) {
@@ -166,7 +186,7 @@ void Environment::remedy(const Outcome& outcome) {
 }
 
 void Environment::open() {
-    if (isIntact()) {
+    if (isIntact() && isInPlace()) {
         return;
     }
     m_store = {};

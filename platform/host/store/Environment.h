@@ -48,16 +48,20 @@ private:
         std::size_t mapSize;
     };
 
+    enum class Use { Read, Write };
+
     template <typename Attempt>
-    void perform(const Attempt& attempt);
+    void perform(Use use, const Attempt& attempt);
     template <typename Attempt>
-    Outcome attemptOnce(const Attempt& attempt);
+    Outcome attemptOnce(Use use, const Attempt& attempt);
     void remedy(const Outcome& outcome);
     int tryRead(std::string_view key, std::optional<Value>& value);
     int tryUpdate(std::string_view key, const Change& change);
     Value decode(std::string_view key, const MDB_val& bytes);
     void checkLength(std::string_view key, std::size_t length);
     bool isIntact();
+    bool isInPlace() const;
+    bool mayUse(Use use);
     void open();
     void makeRoom(std::size_t sizeSeen);
     void resizeMap(std::size_t size);
@@ -72,6 +76,7 @@ private:
     StoreFile m_file{};
     std::size_t m_mapSize = 0;
     std::atomic<long long> m_fileSize{0};
+    std::atomic<long long> m_lookedAt{0}; ///< The tick in which the files were last in place.
     FaultLog m_faults;
 };
 

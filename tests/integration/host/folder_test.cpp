@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <string>
 
@@ -42,8 +43,19 @@ int valueSeenByOthers() {
     return inOwnProcess(valueSeen);
 }
 
+/** Reads look whether the store was moved away once in a tick of this clock. */
+void awaitTick() {
+    timespec before{};
+    timespec now{};
+    ::clock_gettime(CLOCK_MONOTONIC_COARSE, &before);
+    do {
+        ::clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    } while (now.tv_sec == before.tv_sec && now.tv_nsec == before.tv_nsec);
+}
+
 /** This process, which has had the store open for long, and a new one write and read in turn. */
 void expectAgreement(int value) {
+    awaitTick();
     EXPECT_EQ(valueSeen(), value);
     EXPECT_EQ(vconf_set_int(key, value + 1), success);
     EXPECT_EQ(valueSeenByOthers(), value + 1);
