@@ -2,18 +2,17 @@
 
 #include <sys/stat.h>
 
-#include <cstdint>
 #include <string>
 
 namespace KLX::Host {
 
 /**
  * Which file it is, whatever name leads to it. Two files that are there, or open, at the same time
- * differ. Zero for none. It is kept in lock files, hence the fixed widths.
+ * differ. Zero for none.
  */
 struct FileIdentity {
-    std::uint64_t device = 0;
-    std::uint64_t number = 0;
+    dev_t device = 0;
+    ino_t number = 0;
 
     bool operator==(const FileIdentity& other) const {
         return device == other.device && number == other.number;
