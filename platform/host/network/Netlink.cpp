@@ -208,17 +208,20 @@ void CloseNetlink::operator()(nl_sock* socket) const noexcept {
     nl_socket_free(socket);
 }
 
-NetlinkWatch::NetlinkWatch() : m_socket(openSocket()) {
-    const int code = nl_socket_add_memberships(m_socket.get(), RTNLGRP_LINK, RTNLGRP_IPV4_IFADDR,
-                                               RTNLGRP_IPV6_IFADDR, RTNLGRP_IPV4_ROUTE,
-                                               RTNLGRP_IPV6_ROUTE, RTNLGRP_NONE);
-    if (code < 0) {
-        giveUp(code, 0, "cannot watch the network for changes");
+NetlinkWatch::NetlinkWatch() : m_socket(nl_socket_alloc()) {
+    if (!m_socket || nl_connect(m_socket.get(), NETLINK_ROUTE) < 0 ||
+        nl_socket_add_memberships(m_socket.get(), RTNLGRP_LINK, RTNLGRP_IPV4_IFADDR,
+                                  RTNLGRP_IPV6_IFADDR, RTNLGRP_IPV4_ROUTE, RTNLGRP_IPV6_ROUTE,
+                                  RTNLGRP_NONE) < 0) {
+        m_socket.reset();
     }
 }
 
 // More news than the socket can hold is an error here, and news all the same.
 bool NetlinkWatch::hasSeenChange() const {
+    if (!m_socket) {
+        return false;
+    }
     char news = 0;
     return ::recv(nl_socket_get_fd(m_socket.get()), &news, sizeof news, MSG_DONTWAIT) >= 0 ||
            errno != EAGAIN;

@@ -14,10 +14,12 @@ struct CloseNetlink {
 
 using NetlinkSocket = std::unique_ptr<nl_sock, CloseNetlink>;
 
-/** Notices when links, addresses or routes change while it lives. */
+/**
+ * Notices when links, addresses or routes change while it lives. Where the kernel does not grant
+ * the socket for it, nothing is noticed: a look at the network is good without, too.
+ */
 class NetlinkWatch {
 public:
-    /** Throws NetworkFault when the kernel does not grant the socket. */
     NetlinkWatch();
 
     bool hasSeenChange() const;
