@@ -79,9 +79,12 @@ TEST_F(StoreFolders, DoNotTakeAnAttemptThatFailedForABootWithoutAName) {
     ASSERT_NE(bootId(), std::nullopt);
     EXPECT_EQ(bootId(), bootId());
     EXPECT_EQ(inOwnProcess([] {
-                  const rlimit none{0, 0};
+                  rlimit usual{};
+                  EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+                  const rlimit none{0, usual.rlim_max};
                   EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
                   EXPECT_THROW(bootId(), StoreFault);
+                  EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
                   return success;
               }),
               success);
