@@ -18,12 +18,13 @@ namespace {
 constexpr auto key = "db/menu/caption/caption";
 constexpr auto memoryKey = "memory/sysman/hdmi1";
 
-// The address sanitizer's allocator takes no care of a fork: a lock that another thread holds in
-// that instant stays held in the child for ever.
-#if defined(__SANITIZE_ADDRESS__)
+// The allocators of the address and the thread sanitizer take no care of a fork: a lock that
+// another thread holds in that instant stays held in the child for ever.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool forksBesideThreads = false;
 #elif defined(__has_feature)
-constexpr bool forksBesideThreads = !__has_feature(address_sanitizer);
+constexpr bool forksBesideThreads =
+    !__has_feature(address_sanitizer) && !__has_feature(thread_sanitizer);
 #else
 constexpr bool forksBesideThreads = true;
 #endif
@@ -79,7 +80,7 @@ TEST_F(Fork, LeavesAStoreThatWorksInParentChildAndGrandchild) {
 
 TEST_F(Fork, IsHarmlessWhileOtherThreadsWrite) {
     if (!forksBesideThreads) {
-        GTEST_SKIP() << "not under the address sanitizer: its allocator does not survive this";
+        GTEST_SKIP() << "not under a sanitizer: its allocator does not survive this";
     }
     constexpr int forks = 50;
     std::atomic<bool> stop{false};
