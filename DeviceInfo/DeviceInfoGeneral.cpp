@@ -48,14 +48,14 @@ VideoControl createVideoControl() {
     return VideoControl(control);
 }
 
-int writeVconf(const std::string& key, valueType type, const std::string& value) {
+int writeVconf(const char* key, valueType type, const std::string& value) {
     switch (type) {
     case integerValue:
-        return vconf_set_int(key.c_str(), std::stoi(value));
+        return vconf_set_int(key, std::stoi(value));
     case booleanValue:
-        return vconf_set_bool(key.c_str(), std::stoi(value));
+        return vconf_set_bool(key, std::stoi(value));
     default:
-        return vconf_set_str(key.c_str(), value.c_str());
+        return vconf_set_str(key, value.c_str());
     }
 }
 
@@ -185,20 +185,20 @@ int busyPercentage(const CPU_INFO& first, const CPU_INFO& second) {
 
 } // namespace
 
-std::string DeviceInfoGeneral::getVconfValueWrapper(const std::string& key, valueType type) {
+std::string DeviceInfoGeneral::getVconfValueWrapper(const char* key, valueType type) {
     int number = 0;
     PlatformText text;
     bool failed = false;
     switch (type) {
     case integerValue:
-        failed = vconf_get_int(key.c_str(), &number) != 0;
+        failed = vconf_get_int(key, &number) != 0;
         break;
     case booleanValue:
-        failed = vconf_get_bool(key.c_str(), &number) != 0;
+        failed = vconf_get_bool(key, &number) != 0;
         number = number != 0 ? 1 : 0;
         break;
     case stringValue:
-        text.reset(vconf_get_str(key.c_str()));
+        text.reset(vconf_get_str(key));
         failed = text == nullptr;
         break;
     default:
@@ -206,20 +206,19 @@ std::string DeviceInfoGeneral::getVconfValueWrapper(const std::string& key, valu
         return "";
     }
     if (failed) {
-        KLX_LOG(LogError, "Operation failed. Key %s valType %d", key.c_str(), type);
+        KLX_LOG(LogError, "Operation failed. Key %s valType %d", key, type);
     }
     return type == stringValue ? copyOf(text) : commonUtil::intToStr(number);
 }
 
-void DeviceInfoGeneral::setVconfValueWrapper(const std::string& key, valueType type,
-                                             std::string value) {
+void DeviceInfoGeneral::setVconfValueWrapper(const char* key, valueType type, std::string value) {
     if (type != integerValue && type != booleanValue && type != stringValue) {
         KLX_LOG(LogError, "Unrecognized type.");
         return;
     }
     try {
         if (writeVconf(key, type, value) != 0) {
-            KLX_LOG(LogError, "Operation failed. Key %s valType %d nVal %s", key.c_str(), type,
+            KLX_LOG(LogError, "Operation failed. Key %s valType %d nVal %s", key, type,
                     value.c_str());
         }
     } catch (...) {
@@ -227,14 +226,14 @@ void DeviceInfoGeneral::setVconfValueWrapper(const std::string& key, valueType t
     }
 }
 
-std::string DeviceInfoGeneral::getVconfDefaultValue(const std::string& key, valueType type) {
+std::string DeviceInfoGeneral::getVconfDefaultValue(const char* key, valueType type) {
     constexpr int success = 1;
     int typeInOut = type;
     char* answer = nullptr;
-    const int status = get_vconf_key_default_value(key.c_str(), &typeInOut, &answer);
+    const int status = get_vconf_key_default_value(key, &typeInOut, &answer);
     const PlatformText text(answer);
     if (status != success) {
-        KLX_LOG(LogError, "Failed to get value for %s [%d]", key.c_str(), status);
+        KLX_LOG(LogError, "Failed to get value for %s [%d]", key, status);
         return "";
     }
     return copyOf(text);

@@ -16,13 +16,13 @@
 class DeviceInfoGeneral {
 public:
     /// @return the key's value; "0" when a number or flag cannot be read, "" when a text cannot
-    std::string getVconfValueWrapper(const std::string& key, valueType type);
+    std::string getVconfValueWrapper(const char* key, valueType type);
 
     /// Parses @p value as @p type demands and writes it; text that is no number writes nothing.
-    void setVconfValueWrapper(const std::string& key, valueType type, std::string value);
+    void setVconfValueWrapper(const char* key, valueType type, std::string value);
 
     /// @return the platform's default for the key, "" when there is none
-    std::string getVconfDefaultValue(const std::string& key, valueType type);
+    std::string getVconfDefaultValue(const char* key, valueType type);
 
     /// Writes a system setting; only integers and flags can be written.
     void setSystemSettingsValue(valueType type, const std::string& value,

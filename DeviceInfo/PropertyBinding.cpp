@@ -1,12 +1,14 @@
 #include "PropertyBinding.h"
 
-// The lambdas of this file only forward: a line logged inside one would carry the wrong name.
+// The lambdas of this file only forward: a line logged inside one would carry the wrong name. What
+// a setting's lambdas hold is small enough for std::function to keep without an allocation.
 
 namespace {
 
-PropertyGetter storeDefault(CDeviceProperty& device, const char* key, valueType type) {
-    return [&device, text = std::string(key), type](const std::string&) {
-        return device.getVconfDefaultValue(text, type);
+template <valueType type>
+PropertyGetter storeDefault(CDeviceProperty& device, const char* key) {
+    return [&device, key](const std::string&) {
+        return device.getVconfDefaultValue(key, type);
     };
 }
 
@@ -29,15 +31,17 @@ PropertyBinding systemInformation(const char* typeName, int key) {
     });
 }
 
-const char* settingKind(valueType type) {
-    switch (type) {
-    case booleanValue:
-        return "flag setting";
-    case stringValue:
-        return "text setting";
-    default:
-        return "integer setting";
-    }
+template <valueType type>
+PropertyBinding settingOf(const char* kind, const char* key) {
+    return PropertyBinding({kind, key}, [key](CDeviceProperty& device) {
+        return PropertyAccessor(
+            [&device, key](const std::string&) { return device.getVconfValueWrapper(key, type); },
+            storeDefault<type>(device, key), boost::none,
+            [&device, key](const std::string& value) {
+                device.setVconfValueWrapper(key, type, value);
+            },
+            true);
+    });
 }
 
 } // namespace
@@ -55,25 +59,21 @@ PropertyAccessor PropertyBinding::bindTo(CDeviceProperty& device) const {
 }
 
 PropertyBinding setting(const char* key, valueType type) {
-    const PropertySource source{settingKind(type), key};
-    return PropertyBinding(source, [key, type](CDeviceProperty& device) {
-        return PropertyAccessor(
-            [&device, text = std::string(key), type](const std::string&) {
-                return device.getVconfValueWrapper(text, type);
-            },
-            storeDefault(device, key, type), boost::none,
-            [&device, text = std::string(key), type](const std::string& value) {
-                device.setVconfValueWrapper(text, type, value);
-            },
-            true);
-    });
+    switch (type) {
+    case booleanValue:
+        return settingOf<booleanValue>("flag setting", key);
+    case stringValue:
+        return settingOf<stringValue>("text setting", key);
+    default:
+        return settingOf<integerValue>("integer setting", key);
+    }
 }
 
 PropertyBinding systemSetting(int key, const char* defaultKey) {
     const PropertySource source{"system setting", key};
     return PropertyBinding(source, [key, defaultKey](CDeviceProperty& device) {
         return PropertyAccessor(
-            runtimeNumber(device, key), storeDefault(device, defaultKey, integerValue), boost::none,
+            runtimeNumber(device, key), storeDefault<integerValue>(device, defaultKey), boost::none,
             [&device, key](const std::string& value) {
                 device.setSystemSettingsValue(integerValue, value,
                                               static_cast<system_settings_key_e>(key));
@@ -87,7 +87,7 @@ PropertyBinding usageMode(const char* defaultKey) {
     const PropertySource source{"usage mode", runtimeKey};
     return PropertyBinding(source, [defaultKey](CDeviceProperty& device) {
         return PropertyAccessor(
-            runtimeNumber(device, runtimeKey), storeDefault(device, defaultKey, integerValue),
+            runtimeNumber(device, runtimeKey), storeDefault<integerValue>(device, defaultKey),
             boost::none, [&device](const std::string& value) { device.setSystemUseMode(value); },
             true);
     });
@@ -98,7 +98,7 @@ PropertyBinding pictureSize(const char* defaultKey) {
     return PropertyBinding(source, [defaultKey](CDeviceProperty& device) {
         return PropertyAccessor(
             [&device](const std::string& argument) { return device.getPictureSize(argument); },
-            storeDefault(device, defaultKey, integerValue), boost::none,
+            storeDefault<integerValue>(device, defaultKey), boost::none,
             [&device](const std::string& value) { device.setPictureSize(value); }, true);
     });
 }

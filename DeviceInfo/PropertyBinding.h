@@ -27,7 +27,8 @@ private:
 };
 
 /// One kind of row of the catalogue with its backing key or functions; becomes a record when it is
-/// bound to the registry's instance. The factories below name the kinds.
+/// bound to the registry's instance. The factories below name the kinds; the keys they are given
+/// are literals, of which rows and records hold the address alone.
 class PropertyBinding {
 public:
     using Bind = std::function<PropertyAccessor(CDeviceProperty&)>;

@@ -178,14 +178,6 @@ TEST_F(RegistryTest, EmptySetterDoesNothing) {
     EXPECT_THAT(fake::history(), IsEmpty());
 }
 
-TEST_F(RegistryTest, BindingOwnsItsKey) {
-    std::string key = "db/key";
-    const PropertyAccessor accessor = bound(setting(key.c_str(), integerValue));
-    key = "db/gone";
-    std::get<valueGetterElement>(accessor)("");
-    EXPECT_THAT(fake::calls(), ElementsAre("vconf_get_int(\"db/key\")"));
-}
-
 TEST_F(RegistryTest, FixedDefaultTakesTheDefaultGettersPlace) {
     const PropertyAccessor accessor = bound(setting("db/key", integerValue).withDefault("3"));
     EXPECT_EQ(std::get<fixedDefaultElement>(accessor), std::string("3"));
