@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "Completion.h"
 #include "DeviceInfoManager.h"
+#include "InputDevices.h"
 #include "Streams.h"
 
 #include <memory>
@@ -26,7 +27,7 @@ std::vector<std::string> propertyPaths() {
 
 ExitStatus complete(const CLI::App& app, const std::vector<std::string>& words) {
     std::string lines;
-    for (const std::string& candidate : completions(app, words, propertyPaths())) {
+    for (const std::string& candidate : completions(app, words, {propertyPaths, portNames})) {
         lines += candidate + "\n";
     }
     writeOutput(lines);

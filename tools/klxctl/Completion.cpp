@@ -1,6 +1,7 @@
 #include "Completion.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace {
@@ -125,22 +126,27 @@ std::vector<std::string> withoutLeadingSlash(std::vector<std::string> paths) {
     return paths;
 }
 
-Candidates valuesOf(const CLI::Option& argument, const std::string& word,
-                    const std::vector<std::string>& paths) {
+Candidates valuesOf(const CLI::Option& argument, const std::string& word, const KnownNames& known) {
+    static const std::map<std::string, Candidates> fixed = {
+        {"FILE", {anyFile}},
+        {"FORMAT", {"json", "xml"}},
+        {"STATE", {"connected", "disconnected"}},
+        {"TYPE", {"bool", "int", "string"}},
+    };
     const std::string label = labelOf(argument);
     if (label == "PATH") {
-        return levelsBelow(paths, word);
+        return levelsBelow(known.paths(), word);
     }
     if (label == "CATEGORY[/PATH]") {
-        return levelsBelow(beginsWith(word, "/") ? paths : withoutLeadingSlash(paths), word);
+        const bool isWhole = beginsWith(word, "/");
+        return levelsBelow(isWhole ? known.paths() : withoutLeadingSlash(known.paths()), word);
     }
-    if (label == "FILE") {
-        return {anyFile};
+    if (label == "NAME") {
+        const std::vector<std::string> ports = known.ports();
+        return {ports.begin(), ports.end()};
     }
-    if (label == "FORMAT") {
-        return {"json", "xml"};
-    }
-    return label == "TYPE" ? Candidates{"bool", "int", "string"} : Candidates{};
+    const auto found = fixed.find(label);
+    return found != fixed.end() ? found->second : Candidates{};
 }
 
 Candidates optionNames(const CLI::App& command) {
@@ -168,30 +174,30 @@ Candidates commandNames(const CLI::App& command) {
 }
 
 /// The values of "--option=value", with the option before each.
-Candidates joinedValues(const CLI::App& command, const std::string& word, std::size_t equals) {
+Candidates joinedValues(const CLI::App& command, const std::string& word, std::size_t equals,
+                        const KnownNames& known) {
     const CLI::Option* const option = command.get_option_no_throw(word.substr(0, equals));
     Candidates joined;
     if (option != nullptr && takesValue(*option)) {
-        for (const std::string& value : valuesOf(*option, "", {})) {
+        for (const std::string& value : valuesOf(*option, "", known)) {
             joined.insert(value == anyFile ? value : word.substr(0, equals + 1) + value);
         }
     }
     return joined;
 }
 
-Candidates candidatesAt(const Place& place, const std::string& word,
-                        const std::vector<std::string>& paths) {
+Candidates candidatesAt(const Place& place, const std::string& word, const KnownNames& known) {
     if (place.awaiting() != nullptr) {
-        return valuesOf(*place.awaiting(), word, paths);
+        return valuesOf(*place.awaiting(), word, known);
     }
     if (place.mayBeOption() && beginsWith(word, "-")) {
         const std::size_t equals = word.find('=');
         return equals == std::string::npos ? optionNames(place.command())
-                                           : joinedValues(place.command(), word, equals);
+                                           : joinedValues(place.command(), word, equals, known);
     }
     Candidates candidates = place.mayBeCommand() ? commandNames(place.command()) : Candidates{};
     if (const CLI::Option* const argument = place.positional()) {
-        candidates.merge(valuesOf(*argument, word, paths));
+        candidates.merge(valuesOf(*argument, word, known));
     }
     return candidates;
 }
@@ -199,7 +205,7 @@ Candidates candidatesAt(const Place& place, const std::string& word,
 } // namespace
 
 std::vector<std::string> completions(const CLI::App& app, const std::vector<std::string>& words,
-                                     const std::vector<std::string>& paths) {
+                                     const KnownNames& known) {
     Place place(app);
     for (std::size_t index = 0; index + 1 < words.size(); ++index) {
         place.take(words[index]);
@@ -207,7 +213,7 @@ std::vector<std::string> completions(const CLI::App& app, const std::vector<std:
     const std::string last = words.empty() ? "" : words.back();
     const std::string word = place.awaiting() != nullptr && last == "=" ? "" : last;
     std::vector<std::string> fitting;
-    for (const std::string& candidate : candidatesAt(place, word, paths)) {
+    for (const std::string& candidate : candidatesAt(place, word, known)) {
         if (candidate == anyFile || beginsWith(candidate, word)) {
             fitting.push_back(candidate);
         }

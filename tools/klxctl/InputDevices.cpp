@@ -11,3 +11,17 @@ std::vector<InputDevice> inputDevices() {
     }
     return devices;
 }
+
+bool isUsb(const std::string& inputName) {
+    return inputName.rfind("USB", 0) == 0;
+}
+
+std::vector<std::string> portNames() {
+    std::vector<std::string> names;
+    for (const InputDevice& each : inputDevices()) {
+        if (!isUsb(each.name)) {
+            names.push_back(each.name);
+        }
+    }
+    return names;
+}

@@ -26,22 +26,8 @@ struct PortArguments {
     std::string state;
 };
 
-bool beginsWith(const std::string& text, const std::string& beginning) {
-    return text.compare(0, beginning.size(), beginning) == 0;
-}
-
-std::vector<std::string> portNames() {
-    std::vector<std::string> names;
-    for (const InputDevice& each : inputDevices()) {
-        if (!beginsWith(each.name, "USB")) {
-            names.push_back(each.name);
-        }
-    }
-    return names;
-}
-
 void requirePort(const std::string& name) {
-    if (beginsWith(name, "USB")) {
+    if (isUsb(name)) {
         throw Failure(ExitStatus::WrongUsage,
                       quoted(name) + " shows what is plugged into this machine and cannot be set; "
                                      "write an HDMI, AV, COMP or SCART input");
@@ -58,7 +44,7 @@ void requirePort(const std::string& name) {
 int storedState(const PortArguments& given) {
     static const std::map<std::string, int> shown = {
         {"0", 0}, {"disconnected", 0}, {"1", 1}, {"connected", 1}, {"2", 2}};
-    const bool isHdmi = beginsWith(given.name, "HDMI");
+    const bool isHdmi = given.name.rfind("HDMI", 0) == 0;
     const auto state = shown.find(given.state);
     if (state == shown.end() || (state->second == 2 && !isHdmi)) {
         throw Failure(ExitStatus::WrongUsage,

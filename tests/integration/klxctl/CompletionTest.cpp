@@ -28,13 +28,23 @@ protected:
         dump->add_flag("--json", flag, "");
         CLI::App* const fms = app.add_subcommand("fms", "");
         fms->add_subcommand("get", "")->add_option("--type", word, "")->option_text("TYPE");
+        CLI::App* const port = app.add_subcommand("port", "");
+        port->add_option("NAME", word, "");
+        port->add_option("STATE", word, "");
         app.add_subcommand("hidden", "")->group("");
     }
 
     std::vector<std::string> complete(const std::vector<std::string>& given) const {
         return completions(app, given,
-                           {"/A & B/Sub+/One", "/A & B/Sub+/Two", "/A & B/Three", "/A & B/Three D",
-                            "/Deep/Only/Way/End", "/Slash//ed/In/x//y", "/Slash//ed/In/z"});
+                           {[] {
+                                return std::vector<std::string>{
+                                    "/A & B/Sub+/One", "/A & B/Sub+/Two",    "/A & B/Three",
+                                    "/A & B/Three D",  "/Deep/Only/Way/End", "/Slash//ed/In/x//y",
+                                    "/Slash//ed/In/z"};
+                            },
+                            [] {
+                                return std::vector<std::string>{"HDMI2", "HDMI1", "AV"};
+                            }});
     }
 
     CLI::App app{"", "tool"};
@@ -46,8 +56,8 @@ protected:
 } // namespace
 
 TEST_F(CompletionTest, OffersTheCommandsThatArePlain) {
-    EXPECT_THAT(complete({}), ElementsAre("dump", "fms", "get", "set"));
-    EXPECT_THAT(complete({""}), ElementsAre("dump", "fms", "get", "set"));
+    EXPECT_THAT(complete({}), ElementsAre("dump", "fms", "get", "port", "set"));
+    EXPECT_THAT(complete({""}), ElementsAre("dump", "fms", "get", "port", "set"));
     EXPECT_THAT(complete({"f"}), ElementsAre("fms"));
     EXPECT_THAT(complete({"fms", ""}), ElementsAre("get"));
 }
@@ -117,6 +127,17 @@ TEST_F(CompletionTest, OffersPathsForEveryPlaceThatTakesOne) {
 TEST_F(CompletionTest, TakesACategoryWithOrWithoutItsSlash) {
     EXPECT_THAT(complete({"dump", ""}), ElementsAre("A & B/", "Deep/", "Slash//ed/"));
     EXPECT_THAT(complete({"dump", "/D"}), ElementsAre("/Deep/Only/Way/End"));
+}
+
+TEST_F(CompletionTest, OffersInputsAndTheStatesThatTheyCanShow) {
+    EXPECT_THAT(complete({"port", ""}), ElementsAre("AV", "HDMI1", "HDMI2"));
+    EXPECT_THAT(complete({"port", "H"}), ElementsAre("HDMI1", "HDMI2"));
+    EXPECT_THAT(complete({"port", "AV", ""}), ElementsAre("connected", "disconnected"));
+}
+
+TEST_F(KlxctlTest, CompleteOffersTheInputsThatPortTakes) {
+    EXPECT_EQ(run({"complete", "--", "port", "HD"}).output, "HDMI1\nHDMI2\nHDMI3\nHDMI4\n");
+    EXPECT_THAT(run({"complete", "--", "port", ""}).output, Not(testing::HasSubstr("USB")));
 }
 
 TEST_F(KlxctlTest, CompletePrintsWhatTheLastWordCouldBecome) {
