@@ -130,6 +130,7 @@ Candidates valuesOf(const CLI::Option& argument, const std::string& word, const 
     static const std::map<std::string, Candidates> fixed = {
         {"FILE", {anyFile}},
         {"FORMAT", {"json", "xml"}},
+        {"OTHER", {anyFile}},
         {"STATE", {"connected", "disconnected"}},
         {"TYPE", {"bool", "int", "string"}},
     };

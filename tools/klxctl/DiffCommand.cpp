@@ -1,4 +1,3 @@
-#include "Arguments.h"
 #include "Commands.h"
 #include "DocumentDifference.h"
 #include "InputDocument.h"
@@ -7,12 +6,14 @@
 #include "Messages.h"
 #include "PathParts.h"
 #include "Progress.h"
+#include "PropertyReading.h"
 #include "Streams.h"
 #include "Table.h"
 
 #include <json/value.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -25,7 +26,8 @@ const char* const details =
     "0 no difference, 1 differences, 2 wrong arguments or trouble.";
 
 struct DiffArguments {
-    std::vector<std::string> files;
+    std::string file;
+    std::string other; // "" for the set
     bool asJson = false;
 };
 
@@ -44,9 +46,24 @@ std::vector<Setting> settingsOfSet(const SettingsDocument& likeness, const Known
     return SettingsDocument::parse(libraryDocument(request, format), format).settings();
 }
 
+/// A document of the set's cannot show every byte of a text; the set itself can tell it.
+void dropWhatIsHeld(std::vector<Difference>& differences, const KnownProperties& known) {
+    const auto isHeld = [&known](const Difference& difference) {
+        const PropertyDescription* const property = known.find(difference.path);
+        const std::optional<std::string>& wanted = difference.first.value;
+        return property != nullptr && property->isText && wanted &&
+               readingOf(difference.path).value == *wanted;
+    };
+    differences.erase(std::remove_if(differences.begin(), differences.end(), isHeld),
+                      differences.end());
+}
+
 Cell cellOf(const Side& side) {
     if (side.value) {
         return quoted(*side.value);
+    }
+    if (side.isMalformed) {
+        return {"(malformed)", Tone::Faint};
     }
     return {side.isPresent ? "(no value)" : "(not there)", Tone::Faint};
 }
@@ -63,6 +80,9 @@ std::string textOf(const std::vector<Difference>& differences, const std::string
 void addSide(Json::Value& entry, const char* name, const Side& side) {
     if (side.isPresent) {
         entry[name] = side.value ? Json::Value(*side.value) : Json::Value();
+        if (side.isMalformed) {
+            entry["malformed"].append(name);
+        }
     }
 }
 
@@ -80,18 +100,21 @@ std::string jsonOf(const std::vector<Difference>& differences) {
 }
 
 ExitStatus diff(const DiffArguments& given) {
-    const bool isWithSet = given.files.size() == 1;
-    if (!isWithSet && given.files[0] == "-" && given.files[1] == "-") {
+    const bool isWithSet = given.other.empty();
+    if (given.file == "-" && given.other == "-") {
         throw Failure(ExitStatus::Trouble, "standard input can be read but once");
     }
-    const SettingsDocument first = readDocument(given.files[0]);
+    const SettingsDocument first = readDocument(given.file);
     const KnownProperties known;
     const std::vector<Setting> second =
-        isWithSet ? settingsOfSet(first, known) : readDocument(given.files[1]).settings();
-    const auto differences = differencesBetween(first.settings(), second, known);
+        isWithSet ? settingsOfSet(first, known) : readDocument(given.other).settings();
+    auto differences = differencesBetween(first.settings(), second, known);
+    if (isWithSet) {
+        dropWhatIsHeld(differences, known);
+    }
     writeOutput(given.asJson ? jsonOf(differences)
-                             : textOf(differences, documentName(given.files[0]),
-                                      isWithSet ? "the set" : documentName(given.files[1])));
+                             : textOf(differences, documentName(given.file),
+                                      isWithSet ? "the set" : documentName(given.other)));
     return differences.empty() ? ExitStatus::Done : ExitStatus::Different;
 }
 
@@ -102,10 +125,13 @@ void addDiffCommand(CLI::App& app, Command& chosen) {
         app.add_subcommand("diff", "Compare a document with the set, or two documents");
     command->footer(details);
     const auto given = std::make_shared<DiffArguments>();
-    addWords(*command, "FILE", given->files, "One document or two; - for standard input")
+    command->add_option("FILE", given->file, "A document; - for standard input")
         ->required()
-        ->expected(1, 2)
-        ->check(checkInputName);
+        ->check(checkInputName)
+        ->option_text(" ");
+    command->add_option("OTHER", given->other, "A second one; the set when not given")
+        ->check(checkInputName)
+        ->option_text(" ");
     command->add_flag("--json", given->asJson, "Print the differences as JSON");
     command->callback([given, &chosen] {
         chosen.onFailure = ExitStatus::Trouble;

@@ -7,8 +7,11 @@
 namespace {
 
 bool areAlike(const Side& first, const Side& second, const PropertyDescription* property) {
-    if (first.isPresent != second.isPresent || !first.value || !second.value) {
-        return first.isPresent == second.isPresent && first.value == second.value;
+    if (first.isPresent != second.isPresent || first.isMalformed != second.isMalformed) {
+        return false;
+    }
+    if (!first.value || !second.value) {
+        return first.value == second.value;
     }
     return first.value == second.value ||
            (property != nullptr && areSame(*property, *first.value, *second.value));
@@ -21,10 +24,10 @@ std::vector<Difference> differencesBetween(const std::vector<Setting>& first,
                                            const KnownProperties& known) {
     std::map<std::string, Difference> pairs;
     for (const Setting& setting : first) {
-        pairs[setting.path].first = {true, setting.value};
+        pairs[setting.path].first = {true, setting.value, setting.isMalformed};
     }
     for (const Setting& setting : second) {
-        pairs[setting.path].second = {true, setting.value};
+        pairs[setting.path].second = {true, setting.value, setting.isMalformed};
     }
     std::vector<Difference> differences;
     for (auto& [path, pair] : pairs) {

@@ -11,6 +11,7 @@
 struct Side {
     bool isPresent = false;           ///< whether it tells of it at all
     std::optional<std::string> value; ///< none when it tells no value
+    bool isMalformed = false;         ///< whether something that is no value stands in its place
 };
 
 struct Difference {

@@ -4,6 +4,9 @@
 #include "Messages.h"
 #include "Streams.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <memory>
 
 namespace {
@@ -41,8 +44,29 @@ ExitStatus get(const FmsArguments& given) {
     return ExitStatus::Done;
 }
 
+/// While it lives, what is written to standard output goes to standard error: a program that is run
+/// writes what it likes, and the tool's own output is data.
+class OutputAside {
+public:
+    OutputAside() : m_output(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {
+        dup2(STDERR_FILENO, STDOUT_FILENO);
+    }
+    OutputAside(const OutputAside&) = delete;
+    OutputAside& operator=(const OutputAside&) = delete;
+    ~OutputAside() {
+        dup2(m_output, STDOUT_FILENO);
+        close(m_output);
+    }
+
+private:
+    const int m_output;
+};
+
 ExitStatus set(const FmsArguments& given) {
-    CDeviceInfoManager::setFMSvalue(given.key, given.value);
+    {
+        const OutputAside aside;
+        CDeviceInfoManager::setFMSvalue(given.key, given.value);
+    }
     if (isFmsHeld(given.key, given.value)) {
         return ExitStatus::Done;
     }

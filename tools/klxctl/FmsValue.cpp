@@ -27,9 +27,10 @@ std::string mistakeOfFmsText(const std::string& text) {
 }
 
 bool isFmsHeld(const std::string& key, const std::string& value) {
-    const auto holds = [&](const char* type) {
-        return isHeld(value, CDeviceInfoManager::getFMSvalue(key, type));
+    const auto told = [&key](const char* type) {
+        return CDeviceInfoManager::getFMSvalue(key, type);
     };
     const bool isNumber = isWholeNumber(value);
-    return (isNumber && (holds("int") || holds("bool"))) || holds("string");
+    return (isNumber && (isHeld(value, told("int")) || isHeld(value, told("bool")))) ||
+           value == told("string");
 }

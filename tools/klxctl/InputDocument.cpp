@@ -2,6 +2,7 @@
 
 #include "ExitStatus.h"
 #include "Messages.h"
+#include "Progress.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -49,9 +50,6 @@ std::string contentOf(const std::string& file) {
 }
 
 DocumentFormat formatOf(const std::string& file, const std::string& text) {
-    if (text.empty()) {
-        fail(file, "it is empty");
-    }
     const std::optional<DocumentFormat> format = guessedFormat(text);
     if (!format) {
         fail(file, "it begins neither as an XML nor as a JSON document does");
@@ -71,6 +69,11 @@ std::string checkInputName(const std::string& name) {
 
 SettingsDocument readDocument(const std::string& file, const std::string& format) {
     const std::string text = contentOf(file);
+    if (text.empty()) {
+        fail(file, "it is empty");
+    }
+    Progress progress;
+    progress.tell("reading " + documentName(file));
     const DocumentFormat form = format.empty() ? formatOf(file, text) : formatNamed(format);
     try {
         return SettingsDocument::parse(text, form);

@@ -4,6 +4,9 @@
 
 namespace {
 
+// What a writing that fails for a reason of its own sends, too.
+constexpr std::array<int, 2> writeSignals = {SIGPIPE, SIGXFSZ};
+
 std::atomic<int> firstSignal{0};
 
 static_assert(std::atomic<int>::is_always_lock_free, "the signal handler must not lock");
@@ -15,7 +18,7 @@ void note(int number) {
 
 } // namespace
 
-Interruption::Interruption() : m_formerActions(), m_formerPipeAction() {
+Interruption::Interruption() : m_formerActions(), m_formerWriteActions() {
     firstSignal = 0;
     for (std::size_t index = 0; index < endingSignals.size(); ++index) {
         struct sigaction action = {};
@@ -30,11 +33,15 @@ Interruption::Interruption() : m_formerActions(), m_formerPipeAction() {
     }
     struct sigaction ignoring = {};
     ignoring.sa_handler = SIG_IGN;
-    sigaction(SIGPIPE, &ignoring, &m_formerPipeAction);
+    for (std::size_t index = 0; index < writeSignals.size(); ++index) {
+        sigaction(writeSignals[index], &ignoring, &m_formerWriteActions[index]);
+    }
 }
 
 Interruption::~Interruption() {
-    sigaction(SIGPIPE, &m_formerPipeAction, nullptr);
+    for (std::size_t index = 0; index < writeSignals.size(); ++index) {
+        sigaction(writeSignals[index], &m_formerWriteActions[index], nullptr);
+    }
     for (std::size_t index = 0; index < endingSignals.size(); ++index) {
         sigaction(endingSignals[index], &m_formerActions[index], nullptr);
     }

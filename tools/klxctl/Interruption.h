@@ -4,7 +4,8 @@
 
 /// While it lives, SIGHUP, SIGINT and SIGTERM are noted and end nothing, so that work can come to
 /// an orderly end. A signal that was ignored, as under nohup, stays ignored. SIGPIPE is ignored, so
-/// that a reader who went away, even of standard error, does not end the work in the middle either.
+/// that a reader who went away, even of standard error, does not end the work in the middle either,
+/// and so is SIGXFSZ: a file that may grow no further makes a writing fail.
 ///
 /// Only one may exist at a time, because signals are the whole process's affair.
 class Interruption {
@@ -19,5 +20,5 @@ public:
 
 private:
     std::array<struct sigaction, endingSignals.size()> m_formerActions;
-    struct sigaction m_formerPipeAction;
+    std::array<struct sigaction, 2> m_formerWriteActions;
 };

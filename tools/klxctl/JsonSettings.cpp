@@ -23,8 +23,11 @@ std::string oneLine(std::string text) {
 }
 
 Json::Value parsed(const std::string& text) {
-    // With the settings that the library reads with, so that both understand the same.
-    const std::unique_ptr<Json::CharReader> reader(Json::CharReaderBuilder().newCharReader());
+    // With the settings that the library reads with, so that both understand the same, but for what
+    // stands behind the document: the library reads over it, and a second document would be lost.
+    Json::CharReaderBuilder settings;
+    settings["failIfExtra"] = true;
+    const std::unique_ptr<Json::CharReader> reader(settings.newCharReader());
     Json::Value root;
     std::string errors;
     try {

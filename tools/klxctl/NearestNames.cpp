@@ -63,9 +63,8 @@ bool isAlmost(const std::string& written, std::size_t distance) {
 
 bool resemblesLastSegment(const std::string& written, const std::string& name) {
     const std::string segment = lastSegment(written);
-    const bool isLong = segment.size() >= 4;
     return contains(name, segment) ||
-           (isLong && isAlmost(segment, editDistance(segment, lastSegment(name))));
+           editDistance(segment, lastSegment(name)) <= segment.size() / 4;
 }
 
 Resemblance resemblanceOf(const std::string& written, const std::string& name,

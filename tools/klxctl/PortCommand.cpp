@@ -80,8 +80,12 @@ void addPortCommand(CLI::App& app, Command& chosen) {
         app.add_subcommand("port", "Play something that is connected to an input, or nothing");
     command->footer(details);
     const auto given = std::make_shared<PortArguments>();
-    command->add_option("NAME", given->name, "Name of an input, such as HDMI1")->required();
-    command->add_option("STATE", given->state, "The state that it shall show")->required();
+    command->add_option("NAME", given->name, "Name of an input, such as HDMI1")
+        ->required()
+        ->option_text(" ");
+    command->add_option("STATE", given->state, "The state that it shall show")
+        ->required()
+        ->option_text(" ");
     command->callback([given, &chosen] {
         chosen.work = [given] {
             return setPort(*given);

@@ -34,10 +34,14 @@ std::string pathOf(std::string word) {
     return word.compare(0, 1, "/") == 0 ? word : "/" + word;
 }
 
+bool isWritable(const PropertyDescription* property) {
+    return property->isWritable;
+}
+
 void addWritable(const std::vector<const PropertyDescription*>& properties,
                  std::set<std::string>& paths) {
     for (const PropertyDescription* const property : properties) {
-        if (property->isWritable) {
+        if (isWritable(property)) {
             paths.insert(property->path);
         }
     }
@@ -64,12 +68,13 @@ bool addWord(const std::string& word, const KnownProperties& known, std::set<std
         report(unknownName("property or menu", path, nearestNames(path, namesIn(known))));
         return false;
     }
-    const std::size_t former = paths.size();
-    addWritable(properties, paths);
-    if (known.find(path) != nullptr) {
-        paths.insert(path);
-    } else if (paths.size() == former) {
+    const bool isSetting = known.find(path) != nullptr;
+    if (!isSetting && std::none_of(properties.begin(), properties.end(), isWritable)) {
         throw Failure(ExitStatus::WrongUsage, "nothing below " + quoted(path) + " can be written");
+    }
+    addWritable(properties, paths);
+    if (isSetting) {
+        paths.insert(path);
     }
     return true;
 }

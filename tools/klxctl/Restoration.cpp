@@ -16,7 +16,7 @@ struct Item {
     Verdict verdict = Verdict::Unknown;
     std::optional<Reading> before;
     std::optional<Reading> held;
-    bool isWritten = false;
+    std::optional<Reading> overwritten; // what it held just before it was written
 };
 using Items = std::vector<Item*>;
 
@@ -33,6 +33,10 @@ bool holds(const Item& item, const std::optional<Reading>& reading) {
 
 bool isHeld(const Item& item) {
     return holds(item, item.held);
+}
+
+bool isWritten(const Item& item) {
+    return item.overwritten.has_value();
 }
 
 bool canBeWritten(const Item& item) {
@@ -57,7 +61,7 @@ Verdict judged(const Item& item, bool isForeseen) {
         return Verdict::NotRead;
     }
     if (isHeld(item)) {
-        return holds(item, item.before) ? Verdict::Unchanged : Verdict::Applied;
+        return holds(item, item.before) && !isWritten(item) ? Verdict::Unchanged : Verdict::Applied;
     }
     if (!item.property->isWritable) {
         return Verdict::ReadOnly;
@@ -65,7 +69,7 @@ Verdict judged(const Item& item, bool isForeseen) {
     if (isForeseen) {
         return Verdict::Foreseen;
     }
-    return item.isWritten ? Verdict::Refused : Verdict::NotWritten;
+    return isWritten(item) ? Verdict::Refused : Verdict::NotWritten;
 }
 
 /// @param isStuck whether the former value could not be put back
@@ -73,7 +77,7 @@ Verdict verdictAfterTakingBack(const Item& item, bool isStuck) {
     if (isStuck || (item.held && item.held->value != item.before->value)) {
         return Verdict::NotPutBack;
     }
-    if (!item.held || (item.verdict == Verdict::NotRead && !item.isWritten)) {
+    if (!item.held || (item.verdict == Verdict::NotRead && !isWritten(item))) {
         return judged(item, false);
     }
     const bool mayHaveChanged =
@@ -198,15 +202,16 @@ void Restorer::apply() {
         wishAgain();
         readAgain();
     }
-    applyInPieces(where([&differs](const Item& item) { return differs(item) && !item.isWritten; }));
+    applyInPieces(
+        where([&differs](const Item& item) { return differs(item) && !isWritten(item); }));
     readAgain();
     const Items disturbed =
-        where([&differs](const Item& item) { return differs(item) && !item.isWritten; });
+        where([&differs](const Item& item) { return differs(item) && !isWritten(item); });
     if (!disturbed.empty() && !isStopped()) {
         // What was held is held no more, so one setting acts on another: let the library's order
         // decide.
         applyInPieces(inLibraryOrder(where([&differs](const Item& item) {
-            return differs(item) || (canBeWritten(item) && item.isWritten);
+            return differs(item) || (canBeWritten(item) && isWritten(item));
         })));
         readAgain();
     }
@@ -229,7 +234,9 @@ void Restorer::write(const Items& items) {
     for (Item* const item : items) {
         former.push_back({item->wish.path, item->held->value});
         wanted.push_back({item->wish.path, *item->wish.value});
-        item->isWritten = true;
+        if (!isWritten(*item)) {
+            item->overwritten = item->held;
+        }
     }
     m_log.note(std::move(former));
     m_hasFailed |= !CDeviceInfoManager::SetDeviceInfo(documentOf(wanted, m_format), m_format);
@@ -292,8 +299,11 @@ Restoration Restorer::result() const {
     result.isPutBack = m_isPutBack;
     for (const Item& item : m_items) {
         PropertyOutcome outcome{item.wish.path, item.verdict, item.wish.value, {}, {}};
-        if (item.before) {
-            outcome.before = item.before->value;
+        outcome.isLeading = item.property != nullptr && item.property->isRestoredFirst;
+        // Another setting may have changed it since it was read first.
+        const bool isOverwritten = item.verdict == Verdict::Applied && isWritten(item);
+        if (const auto& before = isOverwritten ? item.overwritten : item.before) {
+            outcome.before = before->value;
         }
         if (item.held) {
             outcome.held = item.held->value;

@@ -29,8 +29,9 @@ struct PropertyOutcome {
     std::string path;
     Verdict verdict = Verdict::Unknown;
     std::optional<std::string> wanted;
-    std::optional<std::string> before; ///< none when it was not read
+    std::optional<std::string> before; ///< in place of which it was applied; none when not read
     std::optional<std::string> held;   ///< at the end; none when it was not read
+    bool isLeading = false;            ///< whether others depend on it, so that it comes first
 };
 
 struct RestoreOptions {

@@ -11,7 +11,8 @@ const char* const details =
     "Reads what the set holds, has the library apply what differs, and reads again. The report "
     "tells\n"
     "of each property: applied, unchanged, refused, read-only, unknown, malformed, or left alone\n"
-    "because the document has no value for it. Exit status 3 tells that not everything is held.\n"
+    "because the document has no value for it; klxctl(1) has the other words.\n"
+    "Exit status 3 tells that not everything is held.\n"
     "FILE is a document of \"klxctl dump\"; - stands for standard input.";
 
 struct FileArguments : RestoreArguments {

@@ -3,6 +3,7 @@
 #include "JsonText.h"
 #include "Messages.h"
 #include "NearestNames.h"
+#include "Progress.h"
 #include "Streams.h"
 #include "Table.h"
 
@@ -166,6 +167,18 @@ std::string signalName(int signal) {
     return "SIG" + std::string(sigabbrev_np(signal));
 }
 
+/// What a dry run would write before it could tell what other settings hold: those of the picture
+/// mode to come, for one.
+std::vector<std::string> foreseenFirst(const Restoration& restoration) {
+    std::vector<std::string> paths;
+    for (const PropertyOutcome& outcome : restoration.outcomes) {
+        if (outcome.verdict == Verdict::Foreseen && outcome.isLeading) {
+            paths.push_back(outcome.path);
+        }
+    }
+    return paths;
+}
+
 Json::Value jsonOf(const Restoration& restoration, const SimilarNames& similar) {
     Json::Value root;
     root["properties"] = Json::Value(Json::arrayValue);
@@ -178,6 +191,7 @@ Json::Value jsonOf(const Restoration& restoration, const SimilarNames& similar) 
     }
     root["dryRun"] = restoration.options.isDryRun;
     root["allOrNothing"] = restoration.options.isAllOrNothing;
+    root["uncertain"] = !foreseenFirst(restoration).empty();
     root["held"] = isEverythingHeld(restoration);
     root["putBack"] = restoration.isPutBack;
     root["failed"] = restoration.hasFailed;
@@ -194,8 +208,13 @@ void reportPutBack(const Restoration& restoration) {
             stuck += "\n  " + quoted(outcome.path);
         }
     }
-    report(stuck.empty() ? "not everything could be held, so what had been changed was put back"
-                         : "not everything could be held, and this could not be put back:" + stuck);
+    if (!stuck.empty()) {
+        report("not everything could be held, and this could not be put back:" + stuck);
+    } else if (count(restoration, Verdict::PutBack) > 0) {
+        report("not everything could be held, so what had been changed was put back");
+    } else {
+        report("not everything could be held; the set is as it was");
+    }
 }
 
 /// Whether it is clear without any writing that not everything can be held.
@@ -210,6 +229,10 @@ void reportCircumstances(const Restoration& restoration) {
         report(restoration.failure.empty()
                    ? "the library could not apply what it was given; its lines above tell why"
                    : restoration.failure);
+    }
+    for (const std::string& path : foreseenFirst(restoration)) {
+        report("with another " + quoted(path) +
+               " the set may hold other values and defaults than those that are told here");
     }
     if (restoration.signal != 0) {
         report("interrupted by " + signalName(restoration.signal));
@@ -234,6 +257,15 @@ ExitStatus statusOf(const Restoration& restoration) {
     return isEverythingHeld(restoration) ? ExitStatus::Done : ExitStatus::NotHeld;
 }
 
+std::string reportOf(const Restoration& restoration, const KnownProperties& known,
+                     const RestoreArguments& given, const std::string& noValue) {
+    Progress progress;
+    progress.tell("preparing the report");
+    const SimilarNames similar = similarNames(restoration, known);
+    return given.asJson ? jsonText(jsonOf(restoration, similar))
+                        : textOf(restoration, similar, noValue);
+}
+
 /// Somebody has to learn what was done to the set.
 ExitStatus tellWithoutReport(const Restoration& restoration, const std::exception& error) {
     report(error.what());
@@ -256,9 +288,7 @@ ExitStatus restoreAndTell(const KnownProperties& known, DocumentFormat format, c
     const Interruption interruption;
     const Restoration restoration = restore(known, format, wishes, given.options, interruption);
     try {
-        const SimilarNames similar = similarNames(restoration, known);
-        writeOutput(given.asJson ? jsonText(jsonOf(restoration, similar))
-                                 : textOf(restoration, similar, noValue));
+        writeOutput(reportOf(restoration, known, given, noValue));
         closeOutput();
     } catch (const std::exception& error) {
         return tellWithoutReport(restoration, error);

@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include <exception>
+#include <new>
 
 namespace {
 
@@ -67,8 +68,23 @@ std::string commandNames(const CLI::App& command) {
                                               " --help\" for what can be written.");
 }
 
+/// An option without its value, or with several.
+std::string explained(const CLI::ArgumentMismatch& error) {
+    const std::string message = error.what();
+    const std::size_t end = message.find(": ");
+    if (end == std::string::npos) {
+        return message;
+    }
+    const bool isMissing = message.find("missing") != std::string::npos;
+    return message.substr(0, end) +
+           (isMissing ? " needs a value behind it" : " may be given once only");
+}
+
 /// A value such as "-x" is taken for an option and then missing.
 std::string explained(const CLI::App& app, const CLI::ParseError& error) {
+    if (const auto* const mismatch = dynamic_cast<const CLI::ArgumentMismatch*>(&error)) {
+        return explained(*mismatch);
+    }
     const std::vector<std::string> surplus = app.remaining(true);
     const bool isMissing = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr;
     if (!isMissing || surplus.empty()) {
@@ -110,6 +126,9 @@ int main(int argc, char** argv) {
     } catch (const Failure& failure) {
         report(failure.what());
         status = failure.status() == ExitStatus::Failed ? chosen.onFailure : failure.status();
+    } catch (const std::bad_alloc&) {
+        report("there is not enough memory for this");
+        status = chosen.onFailure;
     } catch (const std::exception& error) {
         report(error.what());
         status = chosen.onFailure;

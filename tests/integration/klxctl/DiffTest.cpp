@@ -141,6 +141,26 @@ TEST_F(DiffTest, ComparesNumbersAsNumbersAndTextsAsTexts) {
     EXPECT_EQ(report.root["differences"][0]["path"], text);
 }
 
+TEST_F(DiffTest, ATextThatTheSetHoldsToTheByteIsNoDifference) {
+    const std::string keyboard = text.substr(12);
+    const std::string file =
+        named("bytes", R"({"Connection": {")" + keyboard + "\": {\"Value\": \"A\xff\\u0007\"}}}");
+    EXPECT_EQ(run({"diff", file}).status, 1);
+    ASSERT_EQ(run({"restore", file}).status, 0);
+    EXPECT_EQ(valueOf(text), "A\xff\x07");
+    EXPECT_EQ(run({"diff", file}).status, 0);
+}
+
+TEST_F(DiffTest, TellsWhatStandsInAValuesPlace) {
+    const std::string list = named("list", R"({"Sound": {"Mute": {"Value": [1]}}})");
+    const std::string none = named("none", R"({"Sound": {"Mute": {}}})");
+    EXPECT_THAT(run({"diff", list, none}).output, HasSubstr("(malformed)"));
+    const Report report = this->report({"diff", list, none});
+    EXPECT_EQ(report.status, 1);
+    EXPECT_EQ(report.root["differences"][0]["malformed"][0], "first");
+    EXPECT_EQ(run({"diff", list, list}).status, 0);
+}
+
 TEST_F(DiffTest, ReadsStandardInput) {
     const Outcome outcome =
         tool().runProgram({"sh", "-c", R"("$0" dump Picture | "$0" diff - )", KLXCTL_TOOL});

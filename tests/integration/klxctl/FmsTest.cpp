@@ -98,6 +98,19 @@ TEST_F(FmsTest, SetReadsTextsAndFlagsBack) {
     EXPECT_EQ(toolWithCommand(keeping("\"1\"")).run({"fms", "set", "a/x", "1"}).status, 0);
 }
 
+TEST_F(FmsTest, SetKeepsWhatTheCommandWritesOutOfItsOutput) {
+    const Outcome outcome =
+        toolWithCommand(keeping("7") + "echo stored\n").run({"fms", "set", "a/x", "7"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.messages, "stored\n");
+}
+
+TEST_F(FmsTest, SetComparesTextsByteByByte) {
+    EXPECT_EQ(toolWithCommand(keeping("\"024\"")).run({"fms", "set", "a/x", "24"}).status, 3);
+    EXPECT_EQ(toolWithCommand(keeping("24")).run({"fms", "set", "a/x", "024"}).status, 0);
+}
+
 TEST_F(FmsTest, SetTakesEveryCharacterThatAShellTakesAsItIs) {
     const std::string characters =
         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789._/:+-";

@@ -128,6 +128,7 @@ TEST(NearestNames, AreFiveAtMost) {
 
 TEST(NearestNames, AreNoneForWhatResemblesNothing) {
     EXPECT_THAT(nearestNames("/Qwerty/Uiop", {"/Picture/Backlight"}), IsEmpty());
+    EXPECT_THAT(nearestNames("/Picture/Nope", {"/Factory/Type", "/Network/Type"}), IsEmpty());
     EXPECT_THAT(nearestNames("", {"/Picture/Backlight"}), IsEmpty());
 }
 

@@ -59,6 +59,18 @@ TEST_F(ResetTest, TakesTheDefaultsOfTheModeThatItReturnsTo) {
     EXPECT_EQ(valueOf(backlight), "35");
 }
 
+TEST_F(ResetTest, TakesAMenuThatIsNamedTwice) {
+    ASSERT_EQ(run({"set", mute, "1"}).status, 0);
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"reset", "Sound", "/Sound/"}, {"reset", "Sound", mute}}) {
+        EXPECT_EQ(run(words).status, 0);
+    }
+    EXPECT_EQ(
+        run({"reset", "General & Privacy", "General & Privacy/Accessibility", "--dry-run"}).status,
+        0);
+    EXPECT_EQ(valueOf(mute), "0");
+}
+
 TEST_F(ResetTest, LeavesASettingWithoutADefaultAlone) {
     const std::string format = "/Sound/Digital Output Audio Format";
     ASSERT_EQ(run({"set", format, "2"}).status, 0);

@@ -155,6 +155,37 @@ TEST_F(RestoreTest, SettingsOfAModeAreAppliedInThatMode) {
     EXPECT_EQ(valueOf("/Picture/Sharpness"), "11");
 }
 
+TEST_F(RestoreTest, TellsWhatTheModeHeldThatASettingIsAppliedIn) {
+    ASSERT_EQ(run({"set", mode, "3"}).status, 0);
+    ASSERT_EQ(run({"set", backlight, "11"}).status, 0);
+    ASSERT_EQ(run({"set", mode, "1"}).status, 0);
+    ASSERT_EQ(run({"set", backlight, "35"}).status, 0);
+    const Report report = restore(jsonOf("Picture", {{"Picture Mode", "3"}, {"Backlight", "35"}}));
+    EXPECT_EQ(report.status, 0);
+    EXPECT_EQ(report.resultOf(backlight), "applied");
+    EXPECT_EQ(report.of(backlight, "before"), "11");
+    EXPECT_EQ(valueOf(backlight), "35");
+}
+
+TEST_F(RestoreTest, DryRunTellsThatAnotherModeIsNotForeseen) {
+    const std::string file =
+        fileOf(jsonOf("Picture", {{"Picture Mode", "3"}, {"Backlight", "12"}}));
+    const Outcome outcome = run({"restore", file, "--dry-run", "--json"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.messages, "klxctl: with another \"/Picture/Picture Mode\" the set may hold "
+                                "other values and defaults than those that are told here\n");
+    EXPECT_TRUE(jsonFrom(outcome.output)["uncertain"].asBool());
+    EXPECT_EQ(valueOf(mode), "1");
+}
+
+TEST_F(RestoreTest, DryRunIsCertainWhereTheModeStays) {
+    const std::string file =
+        fileOf(jsonOf("Picture", {{"Picture Mode", "1"}, {"Backlight", "12"}}));
+    const Outcome outcome = run({"restore", file, "--dry-run", "--json"});
+    EXPECT_EQ(outcome.messages, "");
+    EXPECT_FALSE(jsonFrom(outcome.output)["uncertain"].asBool());
+}
+
 TEST_F(RestoreTest, WhereOneSettingActsOnAnotherTheLastOneHolds) {
     const std::string protection = "/General/System Manager/Auto Protection Time";
     const std::string saver = "/General & Privacy/Power and Energy Saving/Screen Saver";
@@ -251,6 +282,7 @@ TEST_F(RestoreTest, RefusesWhatIsNoDocumentBeforeAnythingIsWritten) {
         {"Backlight=12", "begins neither as an XML nor as a JSON document"},
         {"[1]", "begins neither"},
         {"{\"Sound\": ", "not well-formed JSON"},
+        {R"({"Sound": {"Mute": {"Value": "1"}}} {"Sound": {}})", "not well-formed JSON"},
         {"<rm_as><deviceInfo>", "not well-formed XML: line 1"},
         {"<rm_as/>", "no element \"deviceInfo\""},
         {xmlOf(R"(<menu name="Sound"><property name="Mute" value="1"/><property/></menu>)"),
@@ -274,6 +306,22 @@ TEST_F(RestoreTest, TheFormatCanBeNamed) {
     EXPECT_EQ(valueOf(mute), "0");
     EXPECT_EQ(run({"restore", "--format", "json", file}).status, 0);
     EXPECT_EQ(run({"restore", "--format", "yaml", file}).status, 2);
+}
+
+TEST_F(RestoreTest, AnEmptyFileIsToldWhateverItsFormat) {
+    for (const char* format : {"xml", "json"}) {
+        EXPECT_THAT(run({"restore", "--format", format, fileOf("")}).messages,
+                    HasSubstr("it is empty"));
+    }
+}
+
+TEST_F(RestoreTest, AStoreThatMayGrowNoFurtherIsTold) {
+    const Outcome outcome = tool().runProgram(
+        {"sh", "-c", R"(ulimit -f 0; exec "$0" restore "$1" --all-or-nothing | cat)", KLXCTL_TOOL,
+         fileOf(jsonOf("Sound", {{"Mute", "1"}}))});
+    EXPECT_THAT(outcome.output, HasSubstr("1 asked for: 1 refused"));
+    EXPECT_THAT(outcome.messages, HasSubstr("the set is as it was"));
+    EXPECT_EQ(valueOf(mute), "0");
 }
 
 TEST_F(RestoreTest, AMissingFileIsTold) {

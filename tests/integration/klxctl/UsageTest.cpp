@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <iterator>
+#include <sstream>
+
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -24,6 +27,52 @@ void expectUsageError(const Outcome& outcome, const std::string& part) {
     EXPECT_THAT(outcome.messages, EndsWith("\n"));
 }
 
+class ManualTest : public KlxctlTest {
+protected:
+    /// What can follow some words, as the tool itself tells it.
+    std::vector<std::string> candidates(std::vector<std::string> words,
+                                        const std::string& beginning) const {
+        words.insert(words.begin(), {"complete", "--"});
+        words.push_back(beginning);
+        std::istringstream lines(run(words).output);
+        return {std::istream_iterator<std::string>(lines), {}};
+    }
+
+    std::vector<std::vector<std::string>> commands() const {
+        std::vector<std::vector<std::string>> found;
+        for (const std::string& name : candidates({}, "")) {
+            if (name != "fms") {
+                found.push_back({name});
+            }
+        }
+        for (const std::string& name : candidates({"fms"}, "")) {
+            found.push_back({"fms", name});
+        }
+        return found;
+    }
+};
+
+/// The manual's section about a command; "" when there is none.
+std::string sectionOf(const std::string& manual, const std::vector<std::string>& command) {
+    std::string heading = "\n.SS";
+    for (const std::string& word : command) {
+        heading += " " + word;
+    }
+    const std::size_t begin = manual.find(heading + "\n");
+    return begin == std::string::npos
+               ? ""
+               : manual.substr(begin, manual.find("\n.S", begin + 1) - begin);
+}
+
+/// A hyphen that is to be one stands behind a backslash there.
+std::string asInManual(const std::string& option) {
+    std::string written;
+    for (const char character : option) {
+        written += character == '-' ? "\\-" : std::string(1, character);
+    }
+    return written;
+}
+
 } // namespace
 
 TEST_F(KlxctlTest, HelpNamesEveryCommandAndEveryExitStatus) {
@@ -44,7 +93,8 @@ TEST_F(KlxctlTest, HelpOfACommandTellsItsArguments) {
                 "--all-or-nothing", "--json", "Exit status 3"});
     expectHelp(run({"reset", "--help"}), {"Usage: klxctl reset", "PATH", "--all ", "--dry-run",
                                           "--all-or-nothing", "--json"});
-    expectHelp(run({"diff", "--help"}), {"Usage: klxctl diff", "FILE", "--json", "1 differences"});
+    expectHelp(run({"diff", "--help"}),
+               {"Usage: klxctl diff [OPTIONS] FILE [OTHER]\n", "--json", "1 differences"});
     expectHelp(run({"list", "--help"}),
                {"Usage: klxctl list", "CATEGORY", "--changed", "--writable", "--json"});
     expectHelp(run({"inputs", "--help"}), {"Usage: klxctl inputs", "--json"});
@@ -92,6 +142,24 @@ TEST_F(KlxctlTest, AValueThatLooksLikeAnOptionIsExplained) {
 TEST_F(KlxctlTest, SurplusArgumentsAreTold) {
     expectUsageError(run({"set", number, "1", "surplus"}), "surplus");
     EXPECT_EQ(run({"set", number, "1", "surplus"}).status, 2);
+}
+
+TEST_F(KlxctlTest, AnOptionWithoutItsValueOrWithTwoIsTold) {
+    expectUsageError(run({"dump", "--format"}), "--format needs a value behind it\n");
+    expectUsageError(run({"stat", "--watch"}), "--watch needs a value behind it\n");
+    expectUsageError(run({"dump", "--format", "xml", "--format", "json"}),
+                     "--format may be given once only\n");
+}
+
+TEST_F(ManualTest, TellsEachCommandWithItsOptions) {
+    const std::string manual = contentOf(KLXCTL_MANUAL);
+    for (const std::vector<std::string>& command : commands()) {
+        const std::string section = sectionOf(manual, command);
+        EXPECT_FALSE(section.empty()) << testing::PrintToString(command);
+        for (const std::string& option : candidates(command, "--")) {
+            EXPECT_THAT(section, HasSubstr(option == "--help" ? "" : asInManual(option)));
+        }
+    }
 }
 
 TEST_F(KlxctlTest, AnUnknownFormatIsAnErrorThatNamesTheFormats) {
