@@ -15,10 +15,11 @@
 namespace {
 
 const char* const details =
-    "A setting is changed when its value is not its default; what cannot be written never is, nor\n"
-    "what has an empty default or no value that could be read. Values come from the set as the\n"
-    "command runs. With --json, an array of objects is printed; \"default\" is null where there\n"
-    "is none, and \"differs\" tells also of what cannot be written that it is not its default.";
+    "A setting is changed when its value differs from its default; what cannot be written never "
+    "is.\n"
+    "An empty default is none to differ from. Values come from the set as the command runs: a\n"
+    "number that cannot be read is told as 0, or as nothing, and the log has a line about it.\n"
+    "With --json, an array of objects is printed; \"default\" is null where there is none.";
 
 struct ListArguments {
     std::vector<std::string> categories;
@@ -28,14 +29,14 @@ struct ListArguments {
 };
 
 std::string tableOf(const std::vector<ListedProperty>& properties) {
-    Table table({"PROPERTY", "VALUE", "DEFAULT", "CHANGED", "WRITABLE"});
+    Table table({"PROPERTY", "VALUE", "DEFAULT", "DIFFERS", "WRITABLE"});
     for (const ListedProperty& each : properties) {
         const bool isChanged = each.isChanged();
         const Tone tone = !each.isWritable ? Tone::Faint : isChanged ? Tone::Good : Tone::Plain;
         table.add({each.path,
                    {each.value, tone},
                    {each.defaultValue.value_or(""), Tone::Faint},
-                   {isChanged ? "yes" : "", tone},
+                   {each.differs ? "yes" : "", tone},
                    {each.isWritable ? "yes" : "no", tone}});
     }
     return table.text(mayColour(STDOUT_FILENO));

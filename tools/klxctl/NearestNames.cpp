@@ -32,6 +32,11 @@ std::string lowered(std::string text) {
     return text;
 }
 
+std::string withoutOuterBlanks(const std::string& text) {
+    const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
+    return text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
+}
+
 /// Levenshtein's distance, kept row by row.
 std::size_t editDistance(const std::string& left, const std::string& right) {
     std::vector<std::size_t> row(right.size() + 1);
@@ -58,7 +63,8 @@ std::string lastSegment(const std::string& path) {
 }
 
 bool isAlmost(const std::string& written, std::size_t distance) {
-    return distance <= std::max<std::size_t>(2, written.size() / 5);
+    const std::size_t inShort = written.size() < 5 ? 1 : 2;
+    return distance <= std::max(inShort, written.size() / 5);
 }
 
 bool resemblesLastSegment(const std::string& written, const std::string& name) {
@@ -85,18 +91,21 @@ Resemblance resemblanceOf(const std::string& written, const std::string& name,
 
 std::vector<std::string> nearestNames(const std::string& written,
                                       const std::vector<std::string>& names) {
-    const std::string loweredWritten = lowered(written);
+    const std::string loweredWritten = lowered(withoutOuterBlanks(written));
     std::vector<Candidate> candidates;
-    for (const std::string& name : written.empty() ? std::vector<std::string>() : names) {
+    for (const std::string& name : loweredWritten.empty() ? std::vector<std::string>() : names) {
         const std::string loweredName = lowered(name);
         const std::size_t distance = editDistance(loweredWritten, loweredName);
         candidates.push_back(
             {resemblanceOf(loweredWritten, loweredName, distance), distance, name});
     }
     std::sort(candidates.begin(), candidates.end());
+    // A name that only its case or blanks around it tell apart is the one that was meant.
+    const bool isMeant = !candidates.empty() && candidates.front().distance == 0;
     std::vector<std::string> nearest;
     for (const Candidate& candidate : candidates) {
-        if (candidate.resemblance != Resemblance::None && nearest.size() < most) {
+        const bool isNear = candidate.resemblance != Resemblance::None;
+        if (isNear && nearest.size() < most && (!isMeant || candidate.distance == 0)) {
             nearest.push_back(candidate.name);
         }
     }

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "KnownProperties.h"
 #include "Messages.h"
 #include "PropertyAccess.h"
 #include "SettingValue.h"
@@ -16,11 +17,16 @@ std::string notHeld(const std::string& path, const std::string& asked, const std
                     bool unchanged) {
     std::string message =
         quoted(path) + " does not hold " + quoted(asked) + ": it holds " + quoted(told);
-    if (unchanged) {
-        return message + " as before; it may be read-only or not take this value; lines of the log "
-                         "tell more (see KLX_LOG)";
+    if (!unchanged) {
+        return message;
     }
-    return message;
+    const KnownProperties known;
+    const PropertyDescription* const property = known.find(path);
+    const bool isReadOnly = property != nullptr && !property->isWritable;
+    return message + " as before; " +
+           (isReadOnly ? "it is read-only"
+                       : "the set does not take this value; with KLX_LOG=debug lines of the log "
+                         "may tell why");
 }
 
 ExitStatus set(const std::string& path, const std::string& value) {

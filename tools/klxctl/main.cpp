@@ -1,5 +1,7 @@
 #include "Commands.h"
 #include "Messages.h"
+#include "NearestNames.h"
+#include "PropertyAccess.h"
 #include "Streams.h"
 
 #include <CLI/CLI.hpp>
@@ -49,16 +51,24 @@ std::string commandLine(const CLI::App& command) {
     return (parent != nullptr ? commandLine(*parent) + " " : "") + command.get_name();
 }
 
-/// The commands that can follow: "get, set or dump".
+/// The commands that can follow.
+std::vector<std::string> commandsOf(const CLI::App& command) {
+    std::vector<std::string> names;
+    for (const CLI::App* const each : command.get_subcommands({})) {
+        if (!each->get_group().empty()) {
+            names.push_back(each->get_name());
+        }
+    }
+    return names;
+}
+
+/// The same as text: "get, set or dump".
 std::string commandNames(const CLI::App& command) {
-    const auto isShown = [](const CLI::App* each) {
-        return !each->get_group().empty();
-    };
-    const auto commands = command.get_subcommands(isShown);
+    const std::vector<std::string> commands = commandsOf(command);
     std::string names;
-    for (const CLI::App* const each : commands) {
-        const char* const separator = each == commands.back() ? " or " : ", ";
-        names += (names.empty() ? "" : separator) + each->get_name();
+    for (const std::string& each : commands) {
+        const char* const separator = &each == &commands.back() ? " or " : ", ";
+        names += (names.empty() ? "" : separator) + each;
     }
     return names;
 }
@@ -86,6 +96,13 @@ std::string explained(const CLI::App& app, const CLI::ParseError& error) {
         return explained(*mismatch);
     }
     const std::vector<std::string> surplus = app.remaining(true);
+    const CLI::App& command = namedCommand(app);
+    const bool isCommandMissing = !command.get_subcommands({}).empty();
+    if (isCommandMissing && !surplus.empty() && surplus.front().compare(0, 1, "-") != 0) {
+        return unknownName("command", surplus.front(),
+                           nearestNames(surplus.front(), commandsOf(command)),
+                           commandLine(command) + " --help");
+    }
     const bool isMissing = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr;
     if (!isMissing || surplus.empty()) {
         return error.what();

@@ -67,6 +67,11 @@ TEST_F(ListTest, ShowsPathValueDefaultChangeAndWritability) {
     EXPECT_THAT(table, ContainsRegex("\n/Picture/Contrast +[0-9]+ +[0-9]+ +yes\n"));
 }
 
+TEST_F(ListTest, ShowsThatAFactDiffersFromItsDefaultToo) {
+    const std::string table = run({"list", "SetInformation/AutoReset_Count"}).output;
+    EXPECT_THAT(table, ContainsRegex("\n/SetInformation/AutoReset_Count +2 +0 +yes +no\n"));
+}
+
 TEST_F(ListTest, HoldsEveryPropertyInByteOrder) {
     const std::vector<std::string> paths = pathsIn({});
     EXPECT_EQ(paths.size(), 122U);
@@ -128,6 +133,13 @@ TEST_F(ListTest, ValueThatCannotBeReadIsNotChangedUnlessItIsAText) {
     const std::vector<std::string> changed =
         pathsOf(listedBy(tool().underFilePermissions(), {"--changed", "Picture", text}));
     EXPECT_THAT(changed, ElementsAre(text));
+}
+
+TEST_F(ListTest, NumberThatCannotBeReadIsToldAsZero) {
+    ASSERT_EQ(run({"get", number}).status, 0);
+    fs::permissions(stateFolder(), fs::perms::none);
+    const Json::Value list = listedBy(tool().underFilePermissions(), {number});
+    EXPECT_EQ(list[0]["value"], "0");
 }
 
 TEST_F(ListTest, WritableLeavesOutWhatIsReadOnly) {

@@ -95,6 +95,17 @@ TEST(NearestNames, IgnoreCase) {
                 ElementsAre("/Picture/Backlight"));
 }
 
+TEST(NearestNames, AreTheOneThatOnlyCaseOrBlanksTellApart) {
+    EXPECT_THAT(nearestNames("hdmi1", {"HDMI1", "HDMI2"}), ElementsAre("HDMI1"));
+    EXPECT_THAT(nearestNames(" HDMI2 ", {"HDMI1", "HDMI2"}), ElementsAre("HDMI2"));
+    EXPECT_THAT(nearestNames("HDMI", {"HDMI1", "HDMI2"}), ElementsAre("HDMI1", "HDMI2"));
+    EXPECT_THAT(nearestNames("  ", {"HDMI1", "HDMI2"}), IsEmpty());
+}
+
+TEST(NearestNames, OfAShortNameDifferInOneCharacterOnly) {
+    EXPECT_THAT(nearestNames("lst", {"get", "list", "set"}), ElementsAre("list"));
+}
+
 TEST(NearestNames, PutTheClosestSpellingFirst) {
     EXPECT_THAT(nearestNames("/Pictur/Backligt", {"/Picture/Backlights", "/Picture/Backlight"}),
                 ElementsAre("/Picture/Backlight", "/Picture/Backlights"));

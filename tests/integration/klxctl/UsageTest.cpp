@@ -123,6 +123,12 @@ TEST_F(KlxctlTest, AnUnknownCommandIsTold) {
     expectUsageError(run({"got", number}), "got");
 }
 
+TEST_F(KlxctlTest, AMistypedCommandIsToldWithTheNearest) {
+    expectUsageError(run({"lst"}), "there is no command \"lst\"; did you mean\n  \"list\"");
+    expectUsageError(run({"fms", "gett"}), "there is no command \"gett\"; did you mean\n  \"get\"");
+    expectUsageError(run({"qwertyuiop"}), "\"klxctl --help\" shows what there is");
+}
+
 TEST_F(KlxctlTest, AnUnknownOptionIsTold) {
     expectUsageError(run({"dump", "--colour"}), "--colour");
 }
