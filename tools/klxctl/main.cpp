@@ -80,7 +80,7 @@ std::string commandNames(const CLI::App& command) {
 
 /// An option without its value, or with several.
 std::string explained(const CLI::ArgumentMismatch& error) {
-    const std::string message = error.what();
+    std::string message = error.what();
     const std::size_t end = message.find(": ");
     if (end == std::string::npos) {
         return message;
