@@ -5,12 +5,10 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdlib>
 
 namespace {
 
-constexpr std::chrono::milliseconds patience(500);
 constexpr std::chrono::milliseconds interval(100);
 
 const char* const erased = "\r\033[K";
@@ -30,7 +28,8 @@ std::string fitting(const std::string& text) {
 
 } // namespace
 
-Progress::Progress() : m_isShown(isCapableTerminal()) {
+Progress::Progress(std::chrono::milliseconds patience)
+    : m_patience(patience), m_isShown(isCapableTerminal()) {
     if (m_isShown) {
         m_thread = std::thread([this] { show(); });
     }
@@ -58,7 +57,7 @@ void Progress::tell(const std::string& work) {
 void Progress::show() {
     std::unique_lock<std::mutex> lock(m_mutex);
     std::string shown;
-    for (auto wait = patience; !m_end.wait_for(lock, wait, [this] { return m_isOver; });
+    for (auto wait = m_patience; !m_end.wait_for(lock, wait, [this] { return m_isOver; });
          wait = interval) {
         if (m_work != shown) {
             shown = m_work;

@@ -1,16 +1,17 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <string>
 #include <thread>
 
 /// Tells people at a terminal what long work is at: one line on standard error that appears when
-/// the work has taken half a second, and is gone when this object is. Anywhere else it does
-/// nothing.
+/// the work has taken longer than their patience, and is gone when this object is. Anywhere else
+/// it does nothing.
 class Progress {
 public:
-    Progress();
+    explicit Progress(std::chrono::milliseconds patience = std::chrono::milliseconds(500));
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
     ~Progress();
@@ -21,6 +22,7 @@ public:
 private:
     void show();
 
+    const std::chrono::milliseconds m_patience;
     const bool m_isShown;
     std::mutex m_mutex; // guards what follows
     std::condition_variable m_end;
