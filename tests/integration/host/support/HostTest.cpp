@@ -42,7 +42,9 @@ int failedChecks() {
 
 } // namespace
 
-TemporaryFolder::TemporaryFolder() : m_path(::testing::TempDir() + "klx-XXXXXX") {
+TemporaryFolder::TemporaryFolder() : TemporaryFolder(::testing::TempDir()) {}
+
+TemporaryFolder::TemporaryFolder(const std::string& parent) : m_path(parent + "klx-XXXXXX") {
     if (::mkdtemp(m_path.data()) == nullptr) {
         throw std::runtime_error("cannot make " + m_path);
     }
@@ -57,7 +59,9 @@ std::string TemporaryFolder::path(const std::string& inside) const {
     return inside.empty() ? m_path : m_path + '/' + inside;
 }
 
-HostTest::HostTest() {
+HostTest::HostTest() : HostTest(::testing::TempDir()) {}
+
+HostTest::HostTest(const std::string& parent) : m_folder(parent) {
     ::mkdir(runtimeFolder().c_str(), S_IRWXU);
     ::setenv("KLX_STATE_DIR", stateFolder().c_str(), 1);
     ::setenv("XDG_RUNTIME_DIR", runtimeFolder().c_str(), 1);

@@ -22,6 +22,8 @@ constexpr int success = 0;
 class TemporaryFolder {
 public:
     TemporaryFolder();
+    /** In another folder, whose name ends in a slash. */
+    explicit TemporaryFolder(const std::string& parent);
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
     ~TemporaryFolder();
@@ -37,6 +39,8 @@ private:
 class HostTest : public ::testing::Test {
 protected:
     HostTest();
+    /** With its folders in another one, whose name ends in a slash. */
+    explicit HostTest(const std::string& parent);
 
     std::string stateFolder() const { return m_folder.path("state"); }
     std::string runtimeFolder() const { return m_folder.path("run"); }
