@@ -7,6 +7,7 @@
 #include <sys/sysinfo.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
@@ -56,6 +57,32 @@ unsigned long long userTicks() {
     unsigned long long ticks = 0;
     std::ifstream("/proc/stat") >> name >> ticks;
     return ticks;
+}
+
+double memoryInUse() {
+    struct sysinfo machine {};
+    EXPECT_EQ(sysinfo(&machine), 0);
+    const double inUse =
+        static_cast<double>(machine.totalram) + static_cast<double>(machine.totalswap) -
+        static_cast<double>(machine.freeram) - static_cast<double>(machine.freeswap);
+    return inUse * machine.mem_unit;
+}
+
+struct Storage {
+    double free;
+    double used;
+};
+
+Storage storageOfMachine() {
+    struct statvfs machine {};
+    EXPECT_EQ(statvfs("/opt", &machine), 0);
+    return {static_cast<double>(machine.f_bavail * machine.f_bsize),
+            static_cast<double>((machine.f_blocks - machine.f_bfree) * machine.f_bsize)};
+}
+
+/// Between what was so before and what was so afterwards, with a margin beyond either.
+testing::Matcher<double> isWithin(double margin, double before, double after) {
+    return AllOf(Ge(std::min(before, after) - margin), Le(std::max(before, after) + margin));
 }
 
 std::string universalTime() {
@@ -149,29 +176,23 @@ TEST_F(StatTest, TellsTheMachinesProcessorsInJson) {
 }
 
 TEST_F(StatTest, TellsTheMachinesMemoryInJson) {
-    struct sysinfo machine {};
-    ASSERT_EQ(sysinfo(&machine), 0);
-    const double inUse =
-        static_cast<double>(machine.totalram) + static_cast<double>(machine.totalswap) -
-        static_cast<double>(machine.freeram) - static_cast<double>(machine.freeswap);
+    const double before = memoryInUse();
+    const double told = figures()["memory"]["usedBytes"].asDouble();
     // Others take and give memory meanwhile.
     constexpr double margin = 2e9;
-    EXPECT_NEAR(figures()["memory"]["usedBytes"].asDouble(), inUse * machine.mem_unit, margin);
+    EXPECT_THAT(told, isWithin(margin, before, memoryInUse()));
 }
 
 TEST_F(StatTest, TellsTheMachinesStorageInJson) {
-    struct statvfs machine {};
-    ASSERT_EQ(statvfs("/opt", &machine), 0);
-    const Json::Value storage = figures()["storage"];
-    EXPECT_EQ(storage["totalBytes"].asInt64(),
-              storage["usedBytes"].asInt64() + storage["freeBytes"].asInt64());
+    const Storage before = storageOfMachine();
+    const Json::Value told = figures()["storage"];
+    const Storage after = storageOfMachine();
+    EXPECT_EQ(told["totalBytes"].asInt64(),
+              told["usedBytes"].asInt64() + told["freeBytes"].asInt64());
     // Others write to the disk meanwhile.
     constexpr double margin = 1e9;
-    EXPECT_NEAR(storage["freeBytes"].asDouble(),
-                static_cast<double>(machine.f_bavail * machine.f_bsize), margin);
-    EXPECT_NEAR(storage["usedBytes"].asDouble(),
-                static_cast<double>((machine.f_blocks - machine.f_bfree) * machine.f_bsize),
-                margin);
+    EXPECT_THAT(told["freeBytes"].asDouble(), isWithin(margin, before.free, after.free));
+    EXPECT_THAT(told["usedBytes"].asDouble(), isWithin(margin, before.used, after.used));
 }
 
 TEST_F(StatTest, NeedsNoSetProfile) {
