@@ -8,16 +8,17 @@ namespace {
 /** Nobody looks at what the log answers, so nothing may depend on it. */
 class LogFaultTest : public SweepTest {
 protected:
-    /** Refuses each line that the operation logs, or one in every `stride`. */
-    void sweep(const std::string& path, std::size_t stride = 1) {
+    /** Refuses each line that the operation logs, or some. */
+    void sweep(const std::string& path, Stride stride = {}) {
         const std::string before = valueOf(path);
         const PreparedCall call = GetParam().prepare(path);
         const Observed good = observe(call);
         const std::string after = valueOf(path);
-        for (std::size_t nth = 1; nth <= good.lines.size(); nth += stride) {
+        const int lines = static_cast<int>(good.lines.size());
+        for (int nth = stride.first; nth <= lines; nth += stride.step) {
             SCOPED_TRACE("line " + std::to_string(nth) + " of " + path);
             change(path, before);
-            scene.scene().failNth("__dlog_print", static_cast<int>(nth), -1);
+            scene.scene().failNth("__dlog_print", nth, -1);
             const Observed faulty = observe(call);
             EXPECT_EQ(faulty.answer.done, good.answer.done);
             EXPECT_EQ(faulty.answer.text, good.answer.text);
@@ -48,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(Each, OtherLogFaultTest, ::testing::ValuesIn(otherOpera
 class DocumentLogFaultTest : public LogFaultTest {};
 
 TEST_P(DocumentLogFaultTest, ChangesNothing) {
-    sweep("/Picture/Backlight", static_cast<std::size_t>(strideForLongSweeps()));
+    sweep("/Picture/Backlight", strideForLongSweeps());
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, DocumentLogFaultTest, ::testing::ValuesIn(operationsOnAll()),
