@@ -8,8 +8,8 @@
 #include <string_view>
 #include <utility>
 
-/// What answers for a property, in readable words, and the key, number or call that it is asked
-/// for; "" where there is none. Holds literals, so that a row costs nothing to make.
+/// What answers for a property, in readable words, and the key, number, call or files that it is
+/// asked for. Holds literals, so that a row costs nothing to make.
 class PropertySource {
 public:
     PropertySource(std::string_view kind, std::string_view key) : m_kind(kind), m_key(key) {}
@@ -41,6 +41,13 @@ public:
         return std::move(*this);
     }
 
+    /// The default getter answers this text by itself, whatever the platform. The record keeps the
+    /// getter; descriptions tell the text.
+    PropertyBinding answeringDefault(const char* text) && {
+        m_answeredDefault = text;
+        return std::move(*this);
+    }
+
     /// For the few rows whose flag is clear although they can be written.
     PropertyBinding withFlagClear() && {
         m_flagClear = true;
@@ -51,10 +58,14 @@ public:
 
     const PropertySource& source() const { return m_source; }
 
+    /// What the default getter answers on every set; null when it asks the platform.
+    const char* answeredDefault() const { return m_answeredDefault; }
+
 private:
     PropertySource m_source;
     Bind m_bind;
     boost::optional<std::string> m_fixedDefault;
+    const char* m_answeredDefault = nullptr;
     bool m_flagClear = false;
 };
 

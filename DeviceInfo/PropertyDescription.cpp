@@ -27,16 +27,24 @@ PropertyDescription descriptionOf(const std::string& path, const PropertyAccesso
     return description;
 }
 
+/// Adds what the record cannot tell.
+void completeFrom(const PropertyBinding& binding, PropertyDescription& description) {
+    description.kind = binding.source().kind();
+    description.key = binding.source().key();
+    description.isText = description.kind == "text setting";
+    if (binding.answeredDefault() != nullptr && description.hasDefault) {
+        description.fixedDefault = binding.answeredDefault();
+    }
+}
+
 /// @param descriptions in byte order of their paths
-void nameSources(Descriptions& descriptions) {
+void completeFromCatalogue(Descriptions& descriptions) {
     for (const PropertyRow& row : propertyCatalogue()) {
         const auto found = std::lower_bound(
             descriptions.begin(), descriptions.end(), row.path,
             [](const PropertyDescription& each, const char* path) { return each.path < path; });
         if (found != descriptions.end() && found->path == row.path) {
-            found->kind = row.binding.source().kind();
-            found->key = row.binding.source().key();
-            found->isText = found->kind == "text setting";
+            completeFrom(row.binding, *found);
         }
     }
 }
@@ -53,7 +61,7 @@ bool CDeviceInfoManager::DescribeProperties(std::vector<PropertyDescription>& pr
             descriptions.back().isRestoredFirst =
                 std::find(first.begin(), first.end(), path) != first.end();
         }
-        nameSources(descriptions);
+        completeFromCatalogue(descriptions);
         properties = std::move(descriptions);
         return true;
     } catch (const std::exception& error) {

@@ -13,8 +13,8 @@ struct PropertyDescription {
     /// "" when that is not known. Meant for people; no program should decide on it.
     std::string kind;
 
-    /// What is asked there: the settings store's key, the number of an information or setting, or
-    /// the name of the platform's call; "" when there is none.
+    /// What is asked there: the settings store's key, the number of an information or setting, the
+    /// name of the platform's call, or the files that are looked for; "" when that is not known.
     std::string key;
 
     /// The record's flag: set for writable settings of the menu. A few properties that can be
@@ -32,10 +32,11 @@ struct PropertyDescription {
     /// defaults depend on it.
     bool isRestoredFirst = false;
 
-    /// The default that is the same on every set; none when the platform is asked for it or when
-    /// there is no default at all.
+    /// The default that is the same on every set, "" where it is an empty text; none when the
+    /// platform is asked for it or when there is no default at all.
     std::optional<std::string> fixedDefault;
 
-    /// Whether there is a default: the fixed one or one that the platform is asked for.
+    /// Whether there is a default: the fixed one, which may be empty, or one that the platform is
+    /// asked for. Where there is none, documents show an empty text.
     bool hasDefault = false;
 };

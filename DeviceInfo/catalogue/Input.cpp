@@ -14,7 +14,8 @@ std::vector<PropertyRow> inputRows() {
         {"/Input/Source_Connect/USB", sourceStatus},
         {"/Input/Source",
          readWrite({"source control", "GetCurrentSourceInfo"}, &DeviceInfoInput::getSourceList,
-                   &DeviceInfoInput::setSourceList)},
+                   &DeviceInfoInput::setSourceList)
+             .answeringDefault("0")},
         {"/Input/HDMI_Vendor", hdmiInfo(hdmiVendor).withDefault("")},
         {"/Input/HDMI_Product", hdmiInfo(hdmiProduct).withDefault("")},
     };

@@ -36,13 +36,16 @@ std::vector<PropertyRow> pictureAndSoundRows() {
         {"/Sound/Digital Output Audio Format",
          readWrite({"sound control", "pelm_get_audio_format"},
                    &DeviceInfoAV::getSoundDigitalAudioOutAudioFormat,
-                   &DeviceInfoAV::setSoundDigitalAudioOutAudioFormat)},
+                   &DeviceInfoAV::setSoundDigitalAudioOutAudioFormat)
+             .answeringDefault("")},
         {"/Sound/Audio Delay", sound<pelm_get_delay, pelm_set_delay>()},
         {"/Sound/Mute", readWrite({"sound manager", "sound_manager_get_master_mute"},
-                                  &DeviceInfoAV::getSoundMute, &DeviceInfoAV::setSoundMute)},
+                                  &DeviceInfoAV::getSoundMute, &DeviceInfoAV::setSoundMute)
+                            .answeringDefault("0")},
         {"/Sound/Sound Output",
          readWrite({"sound manager", "sound_manager_get_speaker_selection"},
                    &DeviceInfoAV::getTVSoundOutput, &DeviceInfoAV::setTVSoundOutput)
+             .answeringDefault("0")
              .withFlagClear()},
         // Two paths of the menu for one setting.
         {"/Connection/Game Mode", gameMode<pelm_get_game_mode, pelm_set_game_mode>()},

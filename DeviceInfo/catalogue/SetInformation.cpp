@@ -61,7 +61,8 @@ std::vector<PropertyRow> setInformationRows() {
         {"/Factory/Rexo Version", systemText(209).withDefault("")},
         {"/Factory/Submicom Version", systemText(133).withDefault("")},
         {"/Factory/Image Type",
-         readOnly({"image marker", ""}, &factoryInfo::imageType).withDefault("")},
+         readOnly({"image marker", "/etc/release, /etc/perf, /etc/debug"}, &factoryInfo::imageType)
+             .withDefault("")},
         {"/Factory/EManual Version", systemText(138).withDefault("")},
         {"/Factory/Type", systemText(74).withDefault("")},
         {"/Factory/Model", systemText(292).withDefault("")},
@@ -71,6 +72,7 @@ std::vector<PropertyRow> setInformationRows() {
          setting("db/frc_tcon/pmic_error_count", integerValue).withFlagClear()},
         {"/SystemInformation/LumoraWidgetAppUsage",
          readOnly({"application server", "appserver_get_used_memory"},
-                  &DeviceInfoGeneral::getSystemLumoraWidgetAppUsage)},
+                  &DeviceInfoGeneral::getSystemLumoraWidgetAppUsage)
+             .answeringDefault("")},
     };
 }

@@ -13,7 +13,8 @@ Every property that the library answers to, by category. `./dev reference` write
 the library's catalogue, and a test holds the two together.
 
 - **kind** tells what answers for the property, **key** what is asked there: a key of the settings
-  store, the number of an information or setting, or the name of a platform call.
+  store, the number of an information or setting, the name of a platform call, or files that are
+  looked for. `memory/sysman/` is followed by the port's name in lower case, such as `hdmi1`.
 - **default** is what a document gives beside the value. *of the set*: the platform is asked for
   it, each time. *empty*: it is an empty text on every set. *none*: there is no default, which a
   document shows as an empty text.

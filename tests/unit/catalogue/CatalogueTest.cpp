@@ -94,10 +94,14 @@ TEST_P(CatalogueTest, IsDescribedAsItIs) {
     EXPECT_EQ(found->flag, row.flag);
     EXPECT_EQ(found->isWritable, !row.written.empty());
     EXPECT_EQ(found->hasDefault, row.kindOfDefault != CatalogueRow::Default::none);
-    ASSERT_EQ(found->fixedDefault.has_value(), row.kindOfDefault == CatalogueRow::Default::fixed);
+    // A getter that asks nobody has the same answer on every set.
+    const bool isAnswered =
+        row.kindOfDefault == CatalogueRow::Default::read && row.defaultCalls.empty();
+    ASSERT_EQ(found->fixedDefault.has_value(),
+              isAnswered || row.kindOfDefault == CatalogueRow::Default::fixed);
     EXPECT_EQ(found->fixedDefault.value_or(row.defaultText), row.defaultText);
     if (row.valueCalls.empty()) {
-        EXPECT_EQ(found->key, "");
+        EXPECT_THAT(found->key, HasSubstr("/etc/perf"));
     } else {
         EXPECT_NE(found->key, "");
         EXPECT_THAT(row.valueCalls, Contains(HasSubstr(found->key)));

@@ -82,9 +82,14 @@ TEST_F(DescriptionTest, NamesTheCallOfAService) {
     EXPECT_EQ(of("/Network/IP").key, "connection_profile_get_ip_address");
 }
 
-TEST_F(DescriptionTest, EveryPropertyHasAKind) {
+TEST_F(DescriptionTest, NamesTheFilesThatTellTheImage) {
+    EXPECT_EQ(of("/Factory/Image Type").key, "/etc/release, /etc/perf, /etc/debug");
+}
+
+TEST_F(DescriptionTest, EveryPropertyHasAKindAndAKey) {
     for (const PropertyDescription& each : all) {
         EXPECT_NE(each.kind, "") << each.path;
+        EXPECT_NE(each.key, "") << each.path;
     }
 }
 
@@ -124,6 +129,12 @@ TEST_F(DescriptionTest, TellsAFixedDefaultFromOneThatIsAskedForAndFromNone) {
     EXPECT_TRUE(of("/Picture/Backlight").hasDefault);
     EXPECT_EQ(of("/SetInformation/ProductType").fixedDefault, std::nullopt);
     EXPECT_FALSE(of("/SetInformation/ProductType").hasDefault);
+}
+
+TEST_F(DescriptionTest, ADefaultThatNobodyIsAskedForIsFixedThoughAGetterAnswersIt) {
+    EXPECT_EQ(of("/Sound/Mute").fixedDefault, std::string("0"));
+    EXPECT_EQ(of("/Sound/Digital Output Audio Format").fixedDefault, std::string());
+    EXPECT_TRUE(of("/Sound/Digital Output Audio Format").hasDefault);
 }
 
 /** Descriptions of records that the catalogue does not have, and of none. */
