@@ -4,6 +4,15 @@ jobs() {
     getconf _NPROCESSORS_ONLN
 }
 
+# usage: is_foreign NAME: whether build/NAME was configured by hand for a set, or with a toolchain
+# that is not its own. Such choices outlive configuring again.
+is_foreign() {
+    cache=build/$1/CMakeCache.txt
+    [ -f "$cache" ] || return 1
+    ! grep -q '^KLX_PLATFORM:[^=]*=external$' "$cache" || return 0
+    grep '^CMAKE_TOOLCHAIN_FILE:[^=]*=.' "$cache" | grep -qv "/cmake/toolchain-$1\.cmake\$"
+}
+
 # usage: configure NAME [CMAKE-OPTION...]
 # A configured folder follows changes of its CMake files by itself, but neither those of the presets
 # nor another compiler in CC and CXX: the stamp tells when to begin anew.
@@ -12,7 +21,9 @@ configure() {
     shift
     stamp=build/$name/.configured
     wanted="${CC-} ${CXX-} $*"
-    if [ -f "$stamp" ]; then
+    if is_foreign "$name"; then
+        set -- --fresh "$@"
+    elif [ -f "$stamp" ]; then
         if [ "$(cat "$stamp")" = "$wanted" ] && [ -z "$(find CMakePresets.json -newer "$stamp")" ]; then
             return 0
         fi
