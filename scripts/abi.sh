@@ -24,11 +24,40 @@ soname() {
     objdump -p "$1" | awk '$1 == "SONAME" { print $2 }'
 }
 
+# Git must be able to tell the versions: where it cannot, there may be some all the same.
+check_history() {
+    prefix=$(git rev-parse --show-prefix) || fail "git cannot tell which versions there are; the reason is above.
+The sources must be a clone. Where git speaks of dubious ownership, tell it that the folder is yours:
+  git config --global --add safe.directory '$PWD'"
+    [ -z "$prefix" ] || fail "git takes $PWD for a part of another project.
+The sources must be a clone of their own to tell which versions there are"
+    [ "$(git rev-parse --is-shallow-repository)" = false ] || fail "this clone lacks most of its history, so git cannot tell the last version. Run:
+  git fetch --unshallow --tags"
+}
+
+# usage: nearest_version COMMIT: its tag, when it or one before it has any
+nearest_version() {
+    git describe --tags --abbrev=0 --match 'v[0-9]*' "$1" 2>/dev/null
+}
+
+# Prints the tag of the version before what is here; nothing when there is none. A commit that is a
+# version by itself is compared with the one before.
+last_version() {
+    if ! git describe --tags --exact-match --match 'v[0-9]*' HEAD >/dev/null 2>&1; then
+        nearest_version HEAD || [ -z "$(git tag --list 'v[0-9]*')" ] ||
+            fail "none of the tagged versions leads to this commit; './dev abi' is for what follows one"
+    elif git rev-parse --quiet --verify HEAD^ >/dev/null; then
+        nearest_version HEAD^ || true
+    fi
+}
+
 compare_with_last_version() {
-    last=$(git describe --tags --abbrev=0 --match 'v[0-9]*' 2>/dev/null) || {
-        say "no version is tagged yet, so there is nothing to compare with"
+    check_history
+    last=$(last_version) || exit 1
+    if [ -z "$last" ]; then
+        say "no version is tagged before this one, so there is nothing to compare with"
         return 0
-    }
+    fi
     say "comparing the library with that of $last"
     rm -rf build/abi
     mkdir -p build/abi/sources

@@ -43,12 +43,15 @@ download_packages() {
 }
 
 # usage: unpack_packages ARCHIVES FOLDER
-# Links from the root of the processor's own file system are made to hold in FOLDER, too.
+# Links from the root of the processor's own file system are made to hold in FOLDER, too. Fails with
+# the first package or link that does.
 unpack_packages() {
-    mkdir "$2"
-    find "$1" -maxdepth 1 -name '*.deb' -exec dpkg -x '{}' "$2" ';'
+    mkdir "$2" || return 1
+    for package in "$1"/*.deb; do
+        dpkg -x "$package" "$2" || return 1
+    done
     find "$2" -type l -lname '/*' | while read -r link; do
-        ln -srfn "$2$(readlink "$link")" "$link"
+        ln -srfn "$2$(readlink "$link")" "$link" || exit 1
     done
 }
 
@@ -69,7 +72,11 @@ need_sysroot() {
         fail "the packages for $1 could not be downloaded; the reason is above.
 When it is removed, run the same command again: nothing half-made was left."
     fi
-    unpack_packages "$making/cache/archives" "$making/root"
+    if ! unpack_packages "$making/cache/archives" "$making/root"; then
+        rm -rf "$making"
+        fail "the packages for $1 could not be unpacked; the reason is above.
+When it is removed, run the same command again: nothing half-made was left."
+    fi
     mv "$making/root" "$sysroot"
     printf '%s\n' "$wanted" >"$sysroot.packages"
     rm -rf "$making"

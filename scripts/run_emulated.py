@@ -35,6 +35,7 @@ LEFT_OUT = {
     "tests/integration/network": "start the tool in network namespaces",
     "tests/integration/usb": "need umockdev's library loaded before the emulated program",
     "tests/integration/reference": "starts a program of the other processor through a script",
+    "tests/integration/scripts": "run scripts of this machine only",
     "tests/layering": "reads the sources only",
     "tests/sweep": "takes minutes; what it fails one by one does not depend on the processor",
     "tests/integration/install": "compile against the installed tree and start the result",
