@@ -53,6 +53,13 @@ TEST_F(Map, OfTheUsualSizeRefusesAValueOf65Mebibytes) {
     expectTooLong(65 * mebibyte);
 }
 
+TEST_F(Map, IsNoLargerThanTheLargestWhateverIsAskedFor) {
+    for (const char* size : {"20000000000", "-1"}) {
+        ::setenv("KLX_HOST_MAP_SIZE", size, 1);
+        EXPECT_EQ(inOwnProcess([] { return setInteger(key, 7); }), success) << size;
+    }
+}
+
 TEST_F(Map, GrowsForAValueThatIsNearlyAsLong) {
     useSmallMap();
     const std::string text(mebibyte - 100, 'x');

@@ -1,10 +1,14 @@
 #include "SoundBackend.h"
 
 #include "../HostErrors.h"
+#include "../HostLog.h"
 #include "../SetProfile.h"
 #include "../store/Store.h"
 #include "SoundModule.h"
 
+#include "dlog.h"
+
+#include <atomic>
 #include <cstdlib>
 #include <string>
 
@@ -29,6 +33,16 @@ std::string wantedBackend() {
     return wanted != nullptr ? wanted : "";
 }
 
+/** Whoever mistyped it sees it once; it is asked for at every call. */
+[[noreturn]] void refuse(const std::string& wanted) {
+    static std::atomic<bool> isTold{false};
+    const std::string mistake = "KLX_HOST_SOUND is \"" + wanted + "\", but must be store or pulse";
+    if (!isTold.exchange(true)) {
+        hostLog(DLOG_WARNING, mistake + "; muting fails");
+    }
+    throw HostFailure(HostError::UnknownKey, mistake);
+}
+
 } // namespace
 
 SoundBackend& soundBackend() {
@@ -40,8 +54,7 @@ SoundBackend& soundBackend() {
         static SilentBackend silent;
         return silent;
     }
-    throw HostFailure(HostError::UnknownKey,
-                      "KLX_HOST_SOUND is \"" + wanted + "\"; it may be store or pulse");
+    refuse(wanted);
 }
 
 } // namespace KLX::Host

@@ -1,9 +1,11 @@
 #include "Store.h"
 
+#include "MetaPages.h"
 #include "StoreFolders.h"
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <memory>
@@ -11,16 +13,15 @@
 namespace KLX::Host {
 namespace {
 
-constexpr std::size_t firstMapSize = std::size_t{64} * 1024 * 1024;
-constexpr std::size_t smallestMapSize = std::size_t{64} * 1024;
+constexpr unsigned long long firstMapSize = 64ULL * 1024 * 1024;
+constexpr unsigned long long smallestMapSize = 64ULL * 1024;
 
-// A small map lets tests fill it.
+// A small map lets tests fill it. A file with a larger one than the largest would pass for damaged.
 std::size_t chosenMapSize() {
     const char* const text = std::getenv("KLX_HOST_MAP_SIZE");
-    const auto size =
-        static_cast<std::size_t>(text != nullptr ? std::strtoull(text, nullptr, 10) : firstMapSize);
+    const auto size = text != nullptr ? std::strtoull(text, nullptr, 10) : firstMapSize;
     constexpr std::size_t page = 4096;
-    return size < smallestMapSize ? smallestMapSize : size / page * page;
+    return std::clamp<unsigned long long>(size, smallestMapSize, largestMap) / page * page;
 }
 
 StoreFile persistentFile() {

@@ -45,5 +45,16 @@ TEST_F(Sound, RefusesAnUnknownBackend) {
     EXPECT_EQ(sound_manager_set_master_mute(true), numberOf(HostError::UnknownKey));
 }
 
+TEST_F(Sound, WarnsOnceOfAnUnknownBackend) {
+    ASSERT_EQ(setenv("KLX_HOST_SOUND", "trumpet", 1), 0);
+    bool muted = false;
+    const std::string log = standardErrorOf([&] {
+        sound_manager_get_master_mute(&muted);
+        sound_manager_set_master_mute(true);
+    });
+    EXPECT_EQ(log, "warning KLX_HOST: KLX_HOST_SOUND is \"trumpet\", but must be store or pulse; "
+                   "muting fails\n");
+}
+
 } // namespace
 } // namespace KLX::Host
