@@ -57,7 +57,8 @@ public:
     /// @param propertyName  path within the category, such as "Backlight"
     /// @param propertyValue receives the value, "" when it cannot be read; left as it is when there
     ///                      is no such property
-    /// @return true, also for an unknown property
+    /// @return true, also for an unknown property; false only when the instance cannot be created, or
+    ///         when reading threw: memory ran out, or a platform call threw. The log tells which.
     /// @code
     /// std::string value;
     /// CDeviceInfoManager::GetDevicePropertyValue("Picture", "Backlight", value);   // "20"
@@ -70,7 +71,9 @@ public:
     /// @param propertyName  path within the category
     /// @param propertyValue the new value as text
     /// @return true, also for an unknown or read-only property and for a value that the platform
-    ///         refuses; read the property back to see what it holds
+    ///         refuses; read the property back to see what it holds. false only when the instance
+    ///         cannot be created, or when writing threw, as for `GetDevicePropertyValue`; whether
+    ///         the platform took the value is not known then.
     /// @code
     /// CDeviceInfoManager::SetDevicePropertyValue("Picture", "Backlight", "35");
     /// @endcode
@@ -101,8 +104,9 @@ public:
     /// they stand, empty ones included.
     /// @param data   the document; may come from anywhere, nothing that it refers to is loaded
     /// @param format the document's form
-    /// @return false when the document is empty, cannot be read or has no such form, or when a
-    ///         property that must come first is unknown (XML only); what was applied before stays
+    /// @return false when the format is unknown, when the document is empty, cannot be read or has no
+    ///         such form, when a property that must come first is unknown (XML only), when the
+    ///         instance cannot be created, or when something threw; what was applied before stays
     ///         applied. Unknown properties and values that the platform refuses are logged.
     /// @code
     /// CDeviceInfoManager::SetDeviceInfo(document, CDeviceInfoManager::DATA_FORMAT_XML);

@@ -71,6 +71,9 @@ public:
     /// @return the stretch from the first digit of @p text to its last one, both included:
     ///         "ver 12.34 b" gives "12.34"
     /// @throws std::out_of_range when the text has no digit
+    /// @code
+    /// std::string number = KLXCommonUtil::extractLastNumbers("HDMI2");   // "2"
+    /// @endcode
     static std::string extractLastNumbers(const std::string& text);
 
     /// Turns the platform's persistent log buffer on and creates the marker file. Does nothing on a
@@ -81,6 +84,9 @@ public:
     static void EnableDlogBuffer();
 
     /// Turns the buffer off and removes the marker file; otherwise as `EnableDlogBuffer`.
+    /// @code
+    /// KLXCommonUtil::DisableDlogBuffer();
+    /// @endcode
     static void DisableDlogBuffer();
 
     /// Sets an attribute, replacing the value of one that is already there.
