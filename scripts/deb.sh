@@ -1,12 +1,12 @@
 # The Debian packages. They are built from a copy of the sources, so that nothing is left among these.
 # shellcheck disable=SC2086,SC2154  # the package lists of scripts/packages.sh are split into words
 
-# usage: copy_sources FOLDER
+# usage: copy_sources FOLDER: with debian/control, made of debian/control.in and what the build needs
 copy_sources() {
     rm -rf "$1"
     mkdir -p "$1"
     tar -c --exclude=./build --exclude=./out --exclude=./.git . | tar -x -C "$1"
-    builders=$(printf '%s, ' $packages_build)
+    builders=$(printf '%s, ' $packages_compiler $packages_product)
     sed "s/@BUILD_PACKAGES@/${builders%, }/" debian/control.in >"$1/debian/control"
 }
 
@@ -16,6 +16,24 @@ check_versions() {
     packaged=$(dpkg-parsechangelog -S Version)
     [ "$ours" = "$packaged" ] ||
         fail "CMakeLists.txt says version $ours, debian/changelog $packaged; add an entry there"
+    check_release
+}
+
+# usage: is_released VERSION: whether CHANGELOG.md says so
+is_released() {
+    grep -qF "## [$1]" CHANGELOG.md
+}
+
+# CHANGELOG.md and debian/changelog are of one mind on whether the version is out.
+check_release() {
+    distribution=$(dpkg-parsechangelog -S Distribution)
+    if is_released "$ours"; then
+        [ "$distribution" != UNRELEASED ] ||
+            fail "CHANGELOG.md says that $ours is out, debian/changelog that it is not; see CONTRIBUTING.md"
+    else
+        [ "$distribution" = UNRELEASED ] ||
+            fail "debian/changelog says that $ours is out, CHANGELOG.md that it is not; see CONTRIBUTING.md"
+    fi
 }
 
 build_packages() {
@@ -23,7 +41,8 @@ build_packages() {
     copy_sources build/deb/source
     say "building the packages in build/deb"
     rm -f build/deb/*.deb build/deb/*.ddeb build/deb/*.changes build/deb/*.buildinfo
-    (cd build/deb/source && DEB_BUILD_OPTIONS="parallel=$(jobs)" \
+    # What the caller asks for, such as noopt or another parallel=, comes last and so holds.
+    (cd build/deb/source && DEB_BUILD_OPTIONS="parallel=$(jobs) ${DEB_BUILD_OPTIONS-}" \
         dpkg-buildpackage -b -us -uc) >build/deb/build.log 2>&1 || {
         tail -n 40 build/deb/build.log >&2
         fail "the packages could not be built; build/deb/build.log tells all"

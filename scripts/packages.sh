@@ -1,14 +1,16 @@
 # The Debian packages that the project needs, and how they get onto the machine.
 # shellcheck disable=SC2034,SC2048,SC2086,SC2116  # lists of names are split into words
 
-# What the sources are compiled against, here as for another processor.
-packages_libraries="
+# What makes the Debian packages, which hold no tests: debian/control names these.
+packages_compiler="g++ cmake ninja-build pkg-config"
+packages_product="
     libxml2-dev libjsoncpp-dev libssl-dev libv4l-dev
     libboost-dev libboost-filesystem-dev libboost-regex-dev libboost-thread-dev
-    liblmdb-dev libnl-route-3-dev libudev-dev libsystemd-dev libcli11-dev
-    libgtest-dev libgmock-dev libumockdev-dev libpulse-dev"
+    liblmdb-dev libnl-route-3-dev libudev-dev libpulse-dev libcli11-dev"
+# What the sources with their tests are compiled against, here as for another processor.
+packages_libraries="$packages_product libgtest-dev libgmock-dev libumockdev-dev"
 packages_build="
-    g++ cmake ninja-build pkg-config python3 $packages_libraries
+    $packages_compiler python3 $packages_libraries
     libbenchmark-dev umockdev pulseaudio pulseaudio-utils iproute2"
 # Building for another processor and running what was built. The sysroot's packages are that
 # processor's own; they are unpacked below build/, not installed.

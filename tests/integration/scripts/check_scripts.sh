@@ -133,6 +133,76 @@ case_a_folder_configured_for_a_set_is_foreign() {
     ! is_foreign armhf || wrong "the folder's own toolchain is foreign"
 }
 
+# usage: sources_in FOLDER: a compilation database with one file of the library in FOLDER
+sources_in() {
+    mkdir -p "$1/build/dev"
+    printf '[\n{\n  "file": "%s/common/Exception.cpp"\n}\n]\n' "$1" >"$1/build/dev/compile_commands.json"
+    cd "$1"
+}
+
+# Stands in for clang-tidy's, which picks the files with Python's expressions.
+run_clang_tidy_here() {
+    mkdir "$folder/bin"
+    cat >"$folder/bin/run-clang-tidy" <<'PROGRAM'
+#!/usr/bin/env python3
+import json, re, sys
+names = [entry["file"] for entry in json.load(open("build/dev/compile_commands.json"))]
+print("checked", sum(bool(re.search(sys.argv[-1], name)) for name in names))
+PROGRAM
+    chmod +x "$folder/bin/run-clang-tidy"
+    PATH=$folder/bin:$PATH
+}
+
+case_tidy_checks_the_files_in_a_folder_of_any_name() {
+    run_clang_tidy_here
+    sources_in "$PWD/c++ (new) [1].d"
+    [ "$(tidy_sources)" = "checked 1" ] || wrong "the file was not checked"
+}
+
+case_tidy_fails_when_there_is_nothing_to_check() {
+    run_clang_tidy_here
+    sources_in "$PWD/elsewhere"
+    mkdir -p "$folder/here/build"
+    cp -r build/dev "$folder/here/build/"
+    cd "$folder/here"
+    must_fail 'names no file of the sources' tidy_sources
+}
+
+case_packages_are_built_from_what_their_build_needs() {
+    mkdir debian
+    cp "$sources/debian/control.in" debian/
+    copy_sources build/deb/source
+    needed=$(sed -n 's/^Build-Depends: //p' build/deb/source/debian/control)
+    case $needed in
+    *libxml2-dev*libcli11-dev*) ;;
+    *) wrong "what the library needs is missing: $needed" ;;
+    esac
+    case $needed in
+    *test* | *mock* | *benchmark* | *pulseaudio* | *python3*) wrong "tests are needed: $needed" ;;
+    esac
+}
+
+# usage: changes HEADING DISTRIBUTION: both logs of a project of version 1.0.0
+changes() {
+    mkdir -p debian
+    echo '    VERSION 1.0.0' >CMakeLists.txt
+    echo "## [$1]" >CHANGELOG.md
+    printf 'x (1.0.0) %s; urgency=medium\n\n  * All.\n\n -- X <x@example.com>  %s\n' \
+        "$2" 'Sat, 21 Nov 2026 12:00:00 +0000' >debian/changelog
+}
+
+case_a_version_is_out_for_both_logs_or_for_none() {
+    command -v dpkg-parsechangelog >/dev/null || exit 77
+    changes Unreleased UNRELEASED
+    check_versions
+    changes 1.0.0 unstable
+    check_versions
+    changes 1.0.0 UNRELEASED
+    must_fail 'debian/changelog that it is not' check_versions
+    changes Unreleased unstable
+    must_fail 'CHANGELOG.md that it is not' check_versions
+}
+
 # Stand in for the package manager.
 apt_for() {
     mkdir -p "$2/cache/archives"
