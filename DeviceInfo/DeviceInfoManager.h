@@ -57,8 +57,8 @@ public:
     /// @param propertyName  path within the category, such as "Backlight"
     /// @param propertyValue receives the value, "" when it cannot be read; left as it is when there
     ///                      is no such property
-    /// @return true, also for an unknown property; false only when the instance cannot be created, or
-    ///         when reading threw: memory ran out, or a platform call threw. The log tells which.
+    /// @return true, also for an unknown property; false only when the instance cannot be created
+    ///         or reading threw, because memory ran out or a platform call threw. The log tells.
     /// @code
     /// std::string value;
     /// CDeviceInfoManager::GetDevicePropertyValue("Picture", "Backlight", value);   // "20"
@@ -104,8 +104,8 @@ public:
     /// they stand, empty ones included.
     /// @param data   the document; may come from anywhere, nothing that it refers to is loaded
     /// @param format the document's form
-    /// @return false when the format is unknown, when the document is empty, cannot be read or has no
-    ///         such form, when a property that must come first is unknown (XML only), when the
+    /// @return false when the format is unknown, when the document is empty, cannot be read or has
+    ///         no such form, when a property that must come first is unknown (XML only), when the
     ///         instance cannot be created, or when something threw; what was applied before stays
     ///         applied. Unknown properties and values that the platform refuses are logged.
     /// @code
