@@ -21,7 +21,8 @@ std::size_t chosenMapSize() {
     const char* const text = std::getenv("KLX_HOST_MAP_SIZE");
     const auto size = text != nullptr ? std::strtoull(text, nullptr, 10) : firstMapSize;
     constexpr std::size_t page = 4096;
-    return std::clamp<unsigned long long>(size, smallestMapSize, largestMap) / page * page;
+    const auto kept = std::clamp<unsigned long long>(size, smallestMapSize, largestMap);
+    return static_cast<std::size_t>(kept) / page * page;
 }
 
 StoreFile persistentFile() {
