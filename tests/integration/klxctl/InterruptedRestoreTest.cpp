@@ -2,10 +2,15 @@
 
 #include <gmock/gmock.h>
 
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <csignal>
+#include <functional>
 #include <ostream>
 #include <thread>
 
@@ -115,12 +120,41 @@ namespace {
 
 class KilledRestore : public RestoreTest {
 protected:
-    static bool appears(const std::filesystem::path& file) {
+    static bool comesAbout(const std::function<bool()>& condition) {
         const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (!exists(file) && std::chrono::steady_clock::now() < end) {
+        while (!condition() && std::chrono::steady_clock::now() < end) {
             std::this_thread::sleep_for(std::chrono::milliseconds(2));
         }
-        return exists(file);
+        return condition();
+    }
+
+    /// The writing end of a pipe that somebody else opens to read.
+    static int openedByReader(const std::filesystem::path& pipe) {
+        int descriptor = -1;
+        EXPECT_TRUE(comesAbout([&] {
+            descriptor = descriptor >= 0 ? descriptor
+                                         : open(pipe.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+            return descriptor >= 0;
+        }));
+        return descriptor;
+    }
+
+    static int unreadIn(int pipe) {
+        int count = -1;
+        ioctl(pipe, FIONREAD, &count);
+        return count;
+    }
+
+    /// How a process ended; by SIGKILL when it would not.
+    static int statusWithoutWaitingForever(pid_t process) {
+        int status = 0;
+        bool isOver = false;
+        if (!comesAbout(
+                [&] { return isOver = isOver || waitpid(process, &status, WNOHANG) > 0; })) {
+            kill(process, SIGKILL);
+            waitpid(process, &status, 0);
+        }
+        return status;
     }
 };
 
@@ -131,7 +165,7 @@ TEST_F(KilledRestore, CanBeRepeatedAndLeavesNoFile) {
     const std::filesystem::path marker = folder() / "hanging";
     const pid_t process =
         toolOverDisk("hang").environment("KLXCTL_TEST_HANGING", marker).start({"restore", file});
-    EXPECT_TRUE(appears(marker));
+    EXPECT_TRUE(comesAbout([&marker] { return exists(marker); }));
     kill(process, SIGKILL);
     int status = 0;
     waitpid(process, &status, 0);
@@ -142,11 +176,17 @@ TEST_F(KilledRestore, CanBeRepeatedAndLeavesNoFile) {
 }
 
 TEST_F(KilledRestore, IsEndedAtOnceWhileItWaitsForTheDocument) {
-    const std::string script =
-        R"(mkfifo "$1" && exec timeout -s INT -k 20 1 "$0" restore - <> "$1")";
-    const Outcome outcome =
-        tool().runProgram({"sh", "-c", script, KLXCTL_TOOL, outputFolder() / "pipe"});
-    EXPECT_EQ(outcome.status, 124);
+    const std::filesystem::path pipe = outputFolder() / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const pid_t process = tool().start({"restore", pipe});
+    const int writing = openedByReader(pipe);
+    EXPECT_EQ(write(writing, "{", 1), 1);
+    EXPECT_TRUE(comesAbout([writing] { return unreadIn(writing) == 0; }));
+    kill(process, SIGINT);
+    const int status = statusWithoutWaitingForever(process);
+    close(writing);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(WTERMSIG(status), SIGINT);
 }
 
 TEST_F(KilledRestore, AnIgnoredSignalStaysIgnored) {
