@@ -40,6 +40,20 @@ protected:
             .environment("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0");
     }
 
+    Outcome dumpEndedAt(int moment) const {
+        return tool()
+            .environment("LD_PRELOAD", KLXCTL_ENDING_MOMENT)
+            .environment("KLXCTL_TEST_FOLDER", outputFolder())
+            .environment("KLXCTL_TEST_MOMENT", std::to_string(moment))
+            .environment("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0")
+            .run({"dump", "-o", file()});
+    }
+
+    void expectOldOr(const std::string& document) const {
+        EXPECT_THAT(contentOf(file()), testing::AnyOf("old", document));
+        EXPECT_THAT(temporaryFiles(), IsEmpty());
+    }
+
     /// Ends a dump by a signal while its temporary file is there.
     int statusOfInterruptedDump(int signal) const {
         const pid_t process =
@@ -236,16 +250,33 @@ INSTANTIATE_TEST_SUITE_P(Signals, InterruptedDump, testing::Values(SIGINT, SIGTE
                              return std::string(sigabbrev_np(signal.param));
                          });
 
-TEST_F(OutputFileTest, InterruptedAtAnyMomentIsOldOrNewAndNothingElseIsLeft) {
+TEST_F(OutputFileTest, EndedBetweenAnyTwoStepsIsOldOrNewAndNothingElseIsLeft) {
+    constexpr int momentsOfEachStep = 2;
+    constexpr int steps = 5; // to open, write, bring to the disk, close and name it
     const std::string document = run({"dump"}).output;
-    for (int round = 0; round < 40; ++round) {
+    int ended = 0;
+    for (bool isEnded = true; isEnded; ended += isEnded ? 1 : 0) {
+        writeFile(file(), "old");
+        isEnded = dumpEndedAt(ended + 1).signal == SIGTERM;
+        expectOldOr(document);
+    }
+    EXPECT_GE(ended, momentsOfEachStep * steps);
+    EXPECT_EQ(contentOf(file()), document);
+}
+
+TEST_F(OutputFileTest, InterruptedAtAnyMomentIsOldOrNewAndNothingElseIsLeft) {
+    constexpr int moments = 40;
+    const std::string document = run({"dump"}).output;
+    const auto begin = std::chrono::steady_clock::now();
+    ASSERT_EQ(dumpTo(file()).status, 0);
+    const auto whole = std::chrono::steady_clock::now() - begin;
+    for (int moment = 1; moment <= moments; ++moment) {
         writeFile(file(), "old");
         const pid_t process = tool().start({"dump", "-o", file()});
-        std::this_thread::sleep_for(std::chrono::microseconds(700 * round));
+        std::this_thread::sleep_for(whole * moment / moments);
         kill(process, SIGTERM);
         waitpid(process, nullptr, 0);
-        EXPECT_THAT(contentOf(file()), testing::AnyOf("old", document));
-        EXPECT_THAT(temporaryFiles(), IsEmpty());
+        expectOldOr(document);
     }
 }
 
