@@ -49,7 +49,7 @@ TEST(FakeLoadTest, SixteenClientsFromTheFirstMomentOnLoseNothing) {
         const Forgetting forgetting;
         workTogether(workers);
     }
-    Worker::expectFinalValues();
+    Worker::expectFinalValues(threads);
     for (const std::string& handle : fake::openHandles()) {
         EXPECT_EQ(handle, "VideoControl");
     }

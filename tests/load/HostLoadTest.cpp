@@ -36,7 +36,7 @@ TEST_F(HostLoad, FourProcessesWithSixteenClientsEachLoseNothing) {
     for (const auto& child : children) {
         EXPECT_EQ(child->wait(), success);
     }
-    Worker::expectFinalValues();
+    Worker::expectFinalValues(processes * threads);
 }
 
 } // namespace

@@ -3,12 +3,14 @@
 #include "CpuInfo.h"
 #include "DeviceInfoManager.h"
 #include "Documents.h"
+#include "vconf.h"
 
 #include <gtest/gtest.h>
 #include <json/json.h>
 
 #include <atomic>
 #include <cstdlib>
+#include <memory>
 #include <thread>
 
 namespace klx::test {
@@ -118,9 +120,18 @@ bool isWhole(const std::string& text) {
     return text.find_first_not_of(text[0]) == std::string::npos;
 }
 
+OwnedSetting keyOf(int number) {
+    return {"db/load/client" + std::to_string(number), OwnedSetting::Kind::text};
+}
+
+std::string textOf(const OwnedSetting& key) {
+    const std::unique_ptr<char, void (*)(void*)> text(vconf_get_str(key.path.c_str()), std::free);
+    return text ? text.get() : "nothing was read";
+}
+
 } // namespace
 
-Worker::Worker(int number, int workers) : m_number(number) {
+Worker::Worker(int number, int workers) : m_number(number), m_key(keyOf(number)) {
     const auto& settings = independentSettings();
     for (std::size_t i = 0; i < settings.size(); ++i) {
         if (static_cast<int>(i) % workers == number) {
@@ -187,6 +198,11 @@ void Worker::writeOwn() {
     for (const OwnedSetting& setting : m_owned) {
         write(setting.path, setting.valueFor(m_writes));
     }
+    writeKey();
+}
+
+void Worker::writeKey() const {
+    EXPECT_EQ(vconf_set_str(m_key.path.c_str(), m_key.valueFor(m_writes).c_str()), 0);
 }
 
 void Worker::writeShared() const {
@@ -204,6 +220,7 @@ void Worker::restoreOwn(bool asXml) {
     }
     EXPECT_TRUE(CDeviceInfoManager::SetDeviceInfo(
         asXml ? xmlDocument(values) : jsonDocument(values), asXml ? xml : json));
+    writeKey();
 }
 
 void Worker::dumpAll(bool asXml) const {
@@ -238,6 +255,7 @@ void Worker::expectOwnValues() const {
     for (const OwnedSetting& setting : m_owned) {
         EXPECT_EQ(valueOf(setting.path), setting.valueFor(m_writes)) << setting.path;
     }
+    EXPECT_EQ(textOf(m_key), m_key.valueFor(m_writes)) << m_key.path;
 }
 
 void Worker::writeFinalValues() {
@@ -245,9 +263,13 @@ void Worker::writeFinalValues() {
     writeOwn();
 }
 
-void Worker::expectFinalValues() {
+void Worker::expectFinalValues(int workers) {
     for (const OwnedSetting& setting : independentSettings()) {
         EXPECT_EQ(valueOf(setting.path), setting.valueFor(finalWrite)) << setting.path;
+    }
+    for (int number = 0; number < workers; ++number) {
+        const OwnedSetting key = keyOf(number);
+        EXPECT_EQ(textOf(key), key.valueFor(finalWrite)) << key.path;
     }
 }
 

@@ -23,7 +23,9 @@ const std::vector<OwnedSetting>& independentSettings();
 /**
  * One of many clients at once. It writes the settings that it owns, by single writes and by
  * restoring documents that hold nothing else, and every read and document has to tell what it wrote
- * last; it also writes one text that all workers write, which must never be mixed of two.
+ * last. There may be fewer settings than clients: each owns a key of the settings store, too, that
+ * is no property of the library. It also writes one text that all workers write, which must never
+ * be mixed of two.
  */
 class Worker {
 public:
@@ -39,12 +41,13 @@ public:
     /** Gives all that it owns the value that `expectFinalValues` looks for. */
     void writeFinalValues();
 
-    /** Checks, from any process, that nothing was lost in the end. */
-    static void expectFinalValues();
+    /** Checks, from any process, that nothing was lost in the end of what so many workers wrote. */
+    static void expectFinalValues(int workers);
 
 private:
     void work(int round);
     void writeOwn();
+    void writeKey() const;
     void writeShared() const;
     void restoreOwn(bool asXml);
     void dumpAll(bool asXml) const;
@@ -54,6 +57,7 @@ private:
     int m_number;
     int m_writes = 0;
     std::vector<OwnedSetting> m_owned;
+    OwnedSetting m_key;
 };
 
 /** How long a load test goes on: KLX_LOAD_SECONDS, else two seconds. */
