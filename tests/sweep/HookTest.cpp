@@ -10,14 +10,14 @@ using namespace klx::test;
 
 namespace {
 
-constexpr std::size_t size = 64;
+constexpr std::size_t blockSize = 64;
 
 /** Called by name, which no compiler leaves out. */
-void* take() {
-    return ::operator new(size, std::nothrow);
+void* takeBlock() {
+    return ::operator new(blockSize, std::nothrow);
 }
 
-void giveBack(void* block) {
+void giveBlockBack(void* block) {
     ::operator delete(block, std::nothrow);
 }
 
@@ -25,22 +25,22 @@ void giveBack(void* block) {
 
 TEST(HookTest, TheAllocationThatIsNamedFailsAndNoOther) {
     AllocationFaults faults(2);
-    void* const first = take();
+    void* const first = takeBlock();
     EXPECT_FALSE(faults.metFault());
-    void* const second = take();
-    void* const third = take();
+    void* const second = takeBlock();
+    void* const third = takeBlock();
     faults.disarm();
     EXPECT_TRUE(faults.metFault());
     EXPECT_NE(first, nullptr);
     EXPECT_EQ(second, nullptr);
     EXPECT_NE(third, nullptr);
-    giveBack(first);
-    giveBack(third);
+    giveBlockBack(first);
+    giveBlockBack(third);
 }
 
 TEST(HookTest, AllocationsOfLibxmlFailToo) {
     AllocationFaults faults(1);
-    void* const block = xmlMalloc(size);
+    void* const block = xmlMalloc(blockSize);
     faults.disarm();
     EXPECT_TRUE(faults.metFault());
     EXPECT_EQ(block, nullptr);
@@ -48,13 +48,13 @@ TEST(HookTest, AllocationsOfLibxmlFailToo) {
 
 TEST(HookTest, BlocksThatAreKeptAreCountedUntilTheyAreGivenBack) {
     AllocationFaults watch(0);
-    void* const kept = take();
-    void* const ofLibxml = xmlMalloc(size);
-    giveBack(take());
+    void* const kept = takeBlock();
+    void* const ofLibxml = xmlMalloc(blockSize);
+    giveBlockBack(takeBlock());
     watch.disarm();
     EXPECT_FALSE(watch.metFault());
     EXPECT_EQ(watch.blocksLeft(), 2u);
-    giveBack(kept);
+    giveBlockBack(kept);
     xmlFree(ofLibxml);
     EXPECT_EQ(watch.blocksLeft(), 0u);
 }
