@@ -36,13 +36,20 @@ check_release() {
     fi
 }
 
+# What the caller asks for, such as noopt or another parallel=, holds.
+build_options() {
+    case " ${DEB_BUILD_OPTIONS-} " in
+    *' parallel='*) echo "$DEB_BUILD_OPTIONS" ;;
+    *) echo "parallel=$(jobs) ${DEB_BUILD_OPTIONS-}" ;;
+    esac
+}
+
 build_packages() {
     check_versions
     copy_sources build/deb/source
     say "building the packages in build/deb"
     rm -f build/deb/*.deb build/deb/*.ddeb build/deb/*.changes build/deb/*.buildinfo
-    # What the caller asks for, such as noopt or another parallel=, comes last and so holds.
-    (cd build/deb/source && DEB_BUILD_OPTIONS="parallel=$(jobs) ${DEB_BUILD_OPTIONS-}" \
+    (cd build/deb/source && DEB_BUILD_OPTIONS=$(build_options) \
         dpkg-buildpackage -b -us -uc) >build/deb/build.log 2>&1 || {
         tail -n 40 build/deb/build.log >&2
         fail "the packages could not be built; build/deb/build.log tells all"

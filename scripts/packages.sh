@@ -23,7 +23,8 @@ packages_coverage="gcovr"
 packages_abi="abigail-tools git"
 packages_tidy="clang clang-tidy"
 packages_fuzz="clang libclang-rt-14-dev"
-packages_checks="$packages_tidy $packages_fuzz clang-format valgrind doxygen zsh"
+# With what the tests of the scripts call.
+packages_checks="$packages_tidy $packages_fuzz clang-format valgrind doxygen zsh git dpkg-dev"
 
 missing_packages() {
     dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |

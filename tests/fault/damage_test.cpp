@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -113,10 +114,14 @@ TEST_F(Damage, ToNothingAtAllIsNotTakenForANewStore) {
     EXPECT_THAT(refusal(HostError::StoreCorrupt), HasSubstr("is cut off"));
 }
 
-/** A folder in memory where there is one: nothing there waits for a disk. */
+/** A folder in memory where there is one with room: nothing there waits for a disk. */
 std::string quickFolder() {
+    constexpr std::uintmax_t room = 32 << 20;
     const std::string shared = "/dev/shm/";
-    return ::access(shared.c_str(), W_OK | X_OK) == 0 ? shared : ::testing::TempDir();
+    std::error_code none;
+    const bool isFit = ::access(shared.c_str(), W_OK | X_OK) == 0 &&
+                       fs::space(shared, none).available >= room && !none;
+    return isFit ? shared : ::testing::TempDir();
 }
 
 /**

@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
 #include <memory>
 
 namespace {
@@ -49,6 +51,10 @@ ExitStatus get(const FmsArguments& given) {
 class OutputAside {
 public:
     OutputAside() : m_output(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {
+        if (m_output < 0) {
+            throw Failure(ExitStatus::Failed,
+                          std::string("cannot keep standard output: ") + std::strerror(errno));
+        }
         dup2(STDERR_FILENO, STDOUT_FILENO);
     }
     OutputAside(const OutputAside&) = delete;

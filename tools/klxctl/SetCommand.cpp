@@ -13,6 +13,17 @@ const char* const details =
     "property is read again afterwards; exit status 3 tells that the set does not hold the value.\n"
     "Write \"--\" before a VALUE that begins with a hyphen and is no number.";
 
+/// Not when that cannot be told.
+bool isReadOnly(const std::string& path) {
+    try {
+        const KnownProperties known;
+        const PropertyDescription* const property = known.find(path);
+        return property != nullptr && !property->isWritable;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
 std::string notHeld(const std::string& path, const std::string& asked, const std::string& told,
                     bool unchanged) {
     std::string message =
@@ -20,13 +31,11 @@ std::string notHeld(const std::string& path, const std::string& asked, const std
     if (!unchanged) {
         return message;
     }
-    const KnownProperties known;
-    const PropertyDescription* const property = known.find(path);
-    const bool isReadOnly = property != nullptr && !property->isWritable;
     return message + " as before; " +
-           (isReadOnly ? "it is read-only"
-                       : "the set does not take this value; with KLX_LOG=debug lines of the log "
-                         "may tell why");
+           (isReadOnly(path)
+                ? "it is read-only"
+                : "the set does not take this value; with KLX_LOG=debug lines of the log "
+                  "may tell why");
 }
 
 ExitStatus set(const std::string& path, const std::string& value) {

@@ -28,6 +28,7 @@ Program::Program(const std::string& file, const std::vector<std::string>& argume
     }
     ::close(ends[1]);
     m_output = ends[0];
+    ::fcntl(m_output, F_SETFL, O_NONBLOCK);
 }
 
 Program::~Program() {

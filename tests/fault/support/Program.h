@@ -21,7 +21,7 @@ public:
     /** Ends the program as kill -9 does and waits for its end. */
     void kill();
 
-    /** Everything that it wrote and that was not taken yet; the program must have ended. */
+    /** What it has written and what was not taken yet. A program that writes much waits for it. */
     std::string takeOutput();
 
 private:

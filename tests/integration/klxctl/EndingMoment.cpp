@@ -71,7 +71,8 @@ int open(const char* file, int oflag, ...) {
     return descriptor;
 }
 
-// What a 32-bit program calls that knows files of any size.
+// With file sizes of 64 bits on a 32-bit machine, the function above has this name already.
+#ifndef _FILE_OFFSET_BITS
 int open64(const char* file, int oflag, ...) {
     va_list more;
     va_start(more, oflag);
@@ -79,6 +80,7 @@ int open64(const char* file, int oflag, ...) {
     va_end(more);
     return descriptor;
 }
+#endif
 
 ssize_t write(int fd, const void* buf, size_t n) {
     return between(isWatched(fd), SYS_write, fd, buf, n);

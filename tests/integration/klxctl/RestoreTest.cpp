@@ -283,6 +283,7 @@ TEST_F(RestoreTest, RefusesWhatIsNoDocumentBeforeAnythingIsWritten) {
         {"[1]", "begins neither"},
         {"{\"Sound\": ", "not well-formed JSON"},
         {R"({"Sound": {"Mute": {"Value": "1"}}} {"Sound": {}})", "not well-formed JSON"},
+        {R"({"Sound": {"Mute": {"Value": "1"}}} x)", "not well-formed JSON"},
         {"<rm_as><deviceInfo>", "not well-formed XML: line 1"},
         {"<rm_as/>", "no element \"deviceInfo\""},
         {xmlOf(R"(<menu name="Sound"><property name="Mute" value="1"/><property/></menu>)"),

@@ -5,8 +5,10 @@
 #include <iterator>
 #include <sstream>
 
+using testing::Contains;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::IsSupersetOf;
 using testing::StartsWith;
 
 namespace {
@@ -34,7 +36,9 @@ protected:
                                         const std::string& beginning) const {
         words.insert(words.begin(), {"complete", "--"});
         words.push_back(beginning);
-        std::istringstream lines(run(words).output);
+        const Outcome outcome = run(words);
+        EXPECT_EQ(outcome.status, 0) << outcome.messages;
+        std::istringstream lines(outcome.output);
         return {std::istream_iterator<std::string>(lines), {}};
     }
 
@@ -159,10 +163,13 @@ TEST_F(KlxctlTest, AnOptionWithoutItsValueOrWithTwoIsTold) {
 
 TEST_F(ManualTest, TellsEachCommandWithItsOptions) {
     const std::string manual = contentOf(KLXCTL_MANUAL);
+    EXPECT_THAT(commands(), IsSupersetOf({std::vector<std::string>{"restore"}, {"fms", "set"}}));
     for (const std::vector<std::string>& command : commands()) {
         const std::string section = sectionOf(manual, command);
         EXPECT_FALSE(section.empty()) << testing::PrintToString(command);
-        for (const std::string& option : candidates(command, "--")) {
+        const std::vector<std::string> options = candidates(command, "--");
+        EXPECT_THAT(options, Contains("--help"));
+        for (const std::string& option : options) {
             EXPECT_THAT(section, HasSubstr(option == "--help" ? "" : asInManual(option)));
         }
     }
