@@ -1,7 +1,7 @@
 #!/bin/sh
 # usage: check_scripts.sh SOURCES CASE
 # Shows one behaviour of the scripts behind ./dev, in a temporary folder.
-# shellcheck disable=SC1090,SC1091,SC2317  # the scripts are read from the sources; cases are called by name
+# shellcheck disable=SC1090,SC1091,SC2034,SC2317  # the scripts are read from the sources; cases are called by name
 set -eu
 sources=$1
 folder=$(mktemp -d)
