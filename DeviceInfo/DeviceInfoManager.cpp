@@ -7,7 +7,7 @@
 #include "Log.h"
 #include "PropertyPath.h"
 #include "XmlDocument.h"
-#include "XmlDocumentIndex.h"
+#include "XmlDocumentBuilder.h"
 #include "XmlErrors.h"
 
 #include <boost/optional.hpp>
@@ -406,35 +406,43 @@ void CDeviceInfoManager::visitCategory(const std::string& category, Visit visit)
     };
     for (auto at = m_properties->lower_bound("/" + category);
          at != m_properties->end() && belongs(at->first); ++at) {
-        visit(at->first, at->second);
+        visit(*at);
     }
 }
 
-void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
-    const auto noise = KLX::XmlErrorScope::toLog();
-    const XmlDocument document = newXmlDocument();
-    XmlDocumentIndex index(document.get());
-    const xmlNodePtr root = addRoot(document, "rm_as");
-    setAttribute(root, "version", "2.5");
-    const xmlNodePtr deviceInfo = addElement(root, "deviceInfo");
-    setAttribute(deviceInfo, "devicetype", "TV");
-    const auto add = [this, deviceInfo](const std::string& key, const PropertyAccessor& accessor) {
-        m_getPropValue(deviceInfo, key, key, accessor);
+std::vector<const CDeviceInfoManager::Record*>
+CDeviceInfoManager::recordsOf(const Request& request) {
+    std::vector<const Record*> records;
+    const auto take = [&records](const Record& record) {
+        records.push_back(&record);
     };
     for (const auto& [category, paths] : request) {
         for (const std::string& path : paths) {
             if (path == wholeOf) {
-                visitCategory(category, add);
-                continue;
-            }
-            const std::string key = keyOf(category, path);
-            if (const PropertyAccessor* const accessor = find(key)) {
-                add(key, *accessor);
+                visitCategory(category, take);
+            } else if (const auto found = m_properties->find(keyOf(category, path));
+                       found != m_properties->end()) {
+                take(*found);
             }
         }
     }
+    return records;
+}
+
+void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
+    const auto noise = KLX::XmlErrorScope::toLog();
+    const auto records = recordsOf(request);
+    XmlDocumentBuilder builder(records.size());
+    const xmlNodePtr root = builder.addRoot("rm_as");
+    builder.setAttribute(root, "version", "2.5");
+    const xmlNodePtr deviceInfo = builder.addElement(root, "deviceInfo");
+    builder.setAttribute(deviceInfo, "devicetype", "TV");
+    for (const Record* const record : records) {
+        const auto& [key, accessor] = *record;
+        m_getPropValue(deviceInfo, key, key, accessor);
+    }
     std::string text;
-    KLXCommonUtil::xmlDocumentToString(document.get(), text);
+    KLXCommonUtil::xmlDocumentToString(builder.document(), text);
     noise.requireMemory();
     data = std::move(text);
 }
@@ -442,26 +450,28 @@ void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
 void CDeviceInfoManager::m_getPropValue(xmlNodePtr parent, const std::string& treePath,
                                         const std::string& key, const PropertyAccessor& accessor) {
     const xmlNodePtr leaf = createTree(parent, treePath, treePath);
+    XmlDocumentBuilder& builder = XmlDocumentBuilder::of(leaf);
     const auto& fixedDefault = std::get<fixedDefaultElement>(accessor);
     if (fixedDefault) {
-        setAttribute(leaf, "default", *fixedDefault);
+        builder.setAttribute(leaf, "default", *fixedDefault);
     } else {
         KLX_LOG(LogDebug, "There is NO fixed default value.");
-        setAttribute(leaf, "default", xmlValue(std::get<defaultGetterElement>(accessor), key));
+        builder.setAttribute(leaf, "default",
+                             xmlValue(std::get<defaultGetterElement>(accessor), key));
     }
-    setAttribute(leaf, "value", xmlValue(std::get<valueGetterElement>(accessor), key));
+    builder.setAttribute(leaf, "value", xmlValue(std::get<valueGetterElement>(accessor), key));
 }
 
 xmlNodePtr CDeviceInfoManager::createTree(xmlNodePtr parent, const std::string& fullPath,
                                           std::string_view remaining) {
     const PathSegment segment = firstSegment(remaining, fullPath);
     const std::string name = documentText(segment.name);
-    xmlNodePtr element = childNamed(parent, name);
+    XmlDocumentBuilder& builder = XmlDocumentBuilder::of(parent);
+    xmlNodePtr element = builder.childNamed(parent, name);
     if (element == nullptr) {
         KLX_LOG(LogDebug, "Creating %s", segment.name.c_str());
-        element = addElement(parent, remaining.size() == fullPath.size() ? "menu" : "property");
-        setAttribute(element, "name", name);
-        XmlDocumentIndex::of(element).add(element);
+        const bool isFirst = remaining.size() == fullPath.size();
+        element = builder.addNamedElement(parent, isFirst ? "menu" : "property", name);
     }
     if (segment.length < remaining.size()) {
         return createTree(element, fullPath, remaining.substr(segment.length));
@@ -473,9 +483,8 @@ void CDeviceInfoManager::prepareDeviceInfoData(Request& request, std::string& da
     KLX_LOG(LogDebug, "prepareDeviceInfoData");
     Json::Value root;
     for (const auto& [category, paths] : request) {
-        const auto add = [&, &menu = category](const std::string& key,
-                                               const PropertyAccessor& accessor) {
-            addVisited(menu, key, accessor, root);
+        const auto add = [&, &menu = category](const Record& record) {
+            addVisited(menu, record.first, record.second, root);
         };
         for (const std::string& path : paths) {
             if (path == wholeOf) {

@@ -206,6 +206,7 @@ private:
     friend struct DeviceInfoManagerSeam;
 
     using Request = std::map<std::string, std::list<std::string>>;
+    using Record = PropertyAccessorMap::value_type;
 
     CDeviceInfoManager();
     explicit CDeviceInfoManager(PropertyAccessorMap&& properties);
@@ -227,6 +228,7 @@ private:
     template <class Visit>
     void visitCategory(const std::string& category, Visit visit);
 
+    std::vector<const Record*> recordsOf(const Request& request);
     void prepareXMLData(Request& request, std::string& data);
     void m_getPropValue(_xmlNode* parent, const std::string& treePath, const std::string& key,
                         const PropertyAccessor& accessor);

@@ -5,14 +5,12 @@
 
 namespace {
 
-/// The text of the element's own attribute; null where it has none, or where memory ran out for it,
-/// which ends the build.
+/// The text of the node's own attribute; null where it has none.
 const char* nameOf(const xmlNode* element) {
     for (const xmlAttr* attribute = element->properties; attribute != nullptr;
          attribute = attribute->next) {
         if (xmlStrEqual(attribute->name, reinterpret_cast<const xmlChar*>("name")) != 0) {
-            const xmlNode* const text = attribute->children;
-            return text != nullptr ? reinterpret_cast<const char*>(text->content) : nullptr;
+            return reinterpret_cast<const char*>(attribute->children->content);
         }
     }
     return nullptr;
@@ -27,20 +25,15 @@ bool ascends(const xmlNode* element) {
 
 } // namespace
 
-XmlDocumentIndex::XmlDocumentIndex(xmlDocPtr document) : m_document(document) {
-    m_document->_private = this;
-}
-
-XmlDocumentIndex::~XmlDocumentIndex() {
-    m_document->_private = nullptr;
-}
-
-XmlDocumentIndex& XmlDocumentIndex::of(const xmlNode* node) {
-    return *static_cast<XmlDocumentIndex*>(node->doc->_private);
-}
-
-bool XmlDocumentIndex::answersFor(std::string_view name) {
-    return name.find('\'') == std::string_view::npos;
+xmlNodePtr XmlDocumentIndex::childNamed(xmlNodePtr parent, const std::string& name) {
+    if (name.find('\'') == std::string::npos) {
+        return find(parent, name);
+    }
+    const auto matches = KLXCommonUtil::xmlFindNodes(parent, "*[@name='" + name + "']");
+    if (matches.size() > 1) {
+        throw KLX::Exception("XML tree has invalid structure");
+    }
+    return matches.empty() ? nullptr : matches.front();
 }
 
 xmlNodePtr XmlDocumentIndex::find(const xmlNode* parent, std::string_view name) {
@@ -81,15 +74,4 @@ void XmlDocumentIndex::enter(xmlNodePtr element, Children& children) {
     if (const char* const name = nameOf(element)) {
         children.emplace(name, element);
     }
-}
-
-xmlNodePtr childNamed(xmlNodePtr parent, const std::string& name) {
-    if (XmlDocumentIndex::answersFor(name)) {
-        return XmlDocumentIndex::of(parent).find(parent, name);
-    }
-    const auto matches = KLXCommonUtil::xmlFindNodes(parent, "*[@name='" + name + "']");
-    if (matches.size() > 1) {
-        throw KLX::Exception("XML tree has invalid structure");
-    }
-    return matches.empty() ? nullptr : matches.front();
 }

@@ -13,24 +13,16 @@
 /// only ascend, the last one tells whether a name is new; a parent for which that has ended has its
 /// children listed.
 ///
-/// It belongs to the document for as long as it lives; `childNamed` finds it there. Elements whose
-/// names hold a single quote are left to the search by an XPath expression, where the quote has a
-/// meaning of its own; no other name can be borne by two children of one parent.
+/// Elements whose names hold a single quote are left to the search by an XPath expression, where
+/// the quote has a meaning of its own; no other name can be borne by two children of one parent.
 class XmlDocumentIndex {
 public:
-    explicit XmlDocumentIndex(xmlDocPtr document);
-    ~XmlDocumentIndex();
-    XmlDocumentIndex(const XmlDocumentIndex&) = delete;
-    XmlDocumentIndex& operator=(const XmlDocumentIndex&) = delete;
-
-    /// @return the index that the node's document has
-    static XmlDocumentIndex& of(const xmlNode* node);
-
-    /// Whether `find` knows everything about elements of this name.
-    static bool answersFor(std::string_view name);
-
-    /// @return the parent's child of that name, null when none was created
-    xmlNodePtr find(const xmlNode* parent, std::string_view name);
+    /// Finds the child that bears a name, by what is known or, where that does not tell, by an
+    /// XPath expression.
+    /// @return the element, null when there is none
+    /// @throws KLX::Exception "XML tree has invalid structure" when several bear it, or what
+    ///         `KLXCommonUtil::xmlFindNodes` throws
+    xmlNodePtr childNamed(xmlNodePtr parent, const std::string& name);
 
     /// Takes up an element that was just created and given its name.
     void add(xmlNodePtr element);
@@ -38,16 +30,9 @@ public:
 private:
     using Children = std::unordered_map<std::string_view, xmlNodePtr>;
 
+    xmlNodePtr find(const xmlNode* parent, std::string_view name);
     Children& list(const xmlNode* parent);
     static void enter(xmlNodePtr element, Children& children);
 
-    xmlDocPtr m_document;
     std::unordered_map<const xmlNode*, Children> m_listed;
 };
-
-/// Finds the child that bears a name, by the index that its document has or, where that cannot
-/// answer, by an XPath expression.
-/// @return the element, null when there is none
-/// @throws KLX::Exception "XML tree has invalid structure" when the expression finds several, or
-///         what `KLXCommonUtil::xmlFindNodes` throws
-xmlNodePtr childNamed(xmlNodePtr parent, const std::string& name);

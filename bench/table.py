@@ -19,12 +19,6 @@ RUNS = ["--benchmark_repetitions=25", "--benchmark_enable_random_interleaving=tr
 PLATFORMS = ["null", "host"]
 SIZES = ["122", "1220", "12200"]
 
-# Some megabytes that a document took are usually given back to the kernel when it is gone, and come
-# back page by page with the next. That says more of the kernel than of the library, so it is kept out
-# of the growth and shown by itself.
-KEPT_MEMORY = {"MALLOC_TRIM_THRESHOLD_": str(1 << 28), "MALLOC_MMAP_THRESHOLD_": str(1 << 25)}
-LARGEST_DUMP = "dump/Xml"
-
 # What the rows of values and documents are called, and the benchmark that they show.
 OPERATIONS = [
     ("get", "one get"),
@@ -43,8 +37,8 @@ GROWTH = [
 ]
 
 
-def run(program, *arguments, extra_environment=None):
-    environment = os.environ | {"LC_ALL": "C"} | (extra_environment or {})
+def run(program, *arguments):
+    environment = os.environ | {"LC_ALL": "C"}
     with tempfile.TemporaryDirectory(dir=program.parent) as folder:
         # Nobody's own settings are touched.
         environment |= {"KLX_STATE_DIR": folder, "XDG_RUNTIME_DIR": folder}
@@ -55,11 +49,10 @@ def run(program, *arguments, extra_environment=None):
     return result.stdout
 
 
-def times(program, options, extra_environment=None):
+def times(program, options):
     """Best processor time in seconds by benchmark."""
     units = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1}
-    output = run(program, *RUNS, "--benchmark_format=json", *options,
-                 extra_environment=extra_environment)
+    output = run(program, *RUNS, "--benchmark_format=json", *options)
     # A filter may leave a program nothing to run; it then prints nothing.
     report = json.loads(output) if output.strip() else {"benchmarks": []}
     found = {}
@@ -100,24 +93,15 @@ def operations(folder, options):
             for platform, found in measured.items() if name in found]
 
 
-def per_record(title, found, name, size):
-    return compared(title, *(found[key] / int(size) if (key := f"{name}{kind}/{size}") in found
-                             else None for kind in ("", "/floor")))
-
-
 def growth(folder, options):
     """Time per record; floors grow with the number of records, too, by what memory costs."""
     rows = []
     for platform in PLATFORMS:
-        program = folder / f"klx_bench_growth_{platform}"
-        found = times(program, options, KEPT_MEMORY)
-        rows += [per_record(f"{title}, per record of {int(size):,}, {platform} platform", found,
-                            name, size)
+        found = times(folder / f"klx_bench_growth_{platform}", options)
+        rows += [compared(f"{title}, per record of {int(size):,}, {platform} platform", *(
+                     found[key] / int(size) if (key := f"{name}{kind}/{size}") in found else None
+                     for kind in ("", "/floor")))
                  for name, title in GROWTH for size in SIZES if f"{name}/{size}" in found]
-        if not options:
-            title = f"the same of 12,200 in XML, memory given back, {platform} platform"
-            found = times(program, [f"--benchmark_filter={LARGEST_DUMP}/(floor/)?12200$"])
-            rows.append(per_record(title, found, LARGEST_DUMP, "12200"))
     return rows
 
 

@@ -13,6 +13,7 @@ namespace {
 
 std::atomic<long long> held{0};
 std::atomic<long long> highest{0};
+std::atomic<long long> taken{0};
 std::atomic<long long> limit{LLONG_MAX};
 
 void raiseHighest(long long now) {
@@ -31,6 +32,7 @@ bool grants(std::size_t size) {
 }
 
 void* counted(void* block) {
+    ++taken;
     raiseHighest(held += static_cast<long long>(malloc_usable_size(block)));
     return block;
 }
@@ -75,7 +77,7 @@ void* takeOrThrow(std::size_t size) {
 
 } // namespace
 
-HeapWatch::HeapWatch(std::size_t bytes) : m_before(held) {
+HeapWatch::HeapWatch(std::size_t bytes) : m_before(held), m_takingsBefore(taken) {
     highest = m_before;
     limit = m_before + static_cast<long long>(bytes);
 }
@@ -86,6 +88,10 @@ HeapWatch::~HeapWatch() {
 
 std::size_t HeapWatch::peak() const {
     return static_cast<std::size_t>(highest - m_before);
+}
+
+long long HeapWatch::takings() const {
+    return taken - m_takingsBefore;
 }
 
 long long HeapWatch::grown() const {

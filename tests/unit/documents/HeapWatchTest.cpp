@@ -31,6 +31,15 @@ TEST(HeapWatchTest, SeesWhatLibxmlTakes) {
     EXPECT_EQ(watch.grown(), 0);
 }
 
+TEST(HeapWatchTest, CountsHowOftenMemoryIsTaken) {
+    const HeapWatch watch(16 * mebibyte);
+    EXPECT_EQ(watch.takings(), 0);
+    std::make_unique<std::string>(mebibyte, 'x');
+    EXPECT_EQ(watch.takings(), 2);
+    xmlFree(xmlMalloc(1));
+    EXPECT_EQ(watch.takings(), 3);
+}
+
 TEST(HeapWatchTest, RefusesWhatIsBeyondItsLimitAndTellsIt) {
     const HeapWatch watch(mebibyte);
     EXPECT_THROW(std::make_unique<std::string>(2 * mebibyte, 'x'), std::bad_alloc);
