@@ -16,6 +16,7 @@
 #include <json/json.h>
 #include <libxml/parser.h>
 
+#include <algorithm>
 #include <climits>
 #include <sstream>
 
@@ -400,7 +401,7 @@ void CDeviceInfoManager::propertySet(std::string& key, std::string& value) {
 // The category is a mere prefix, with no slash asked for behind it: "General" also collects the
 // keys of "General & Privacy".
 template <class Visit>
-void CDeviceInfoManager::visitCategory(const std::string& category, Visit visit) {
+void CDeviceInfoManager::visitCategory(const std::string& category, Visit visit) const {
     const auto belongs = [&category](const std::string& key) {
         return key.compare(1, category.size(), category) == 0;
     };
@@ -410,36 +411,42 @@ void CDeviceInfoManager::visitCategory(const std::string& category, Visit visit)
     }
 }
 
-std::vector<const CDeviceInfoManager::Record*>
-CDeviceInfoManager::recordsOf(const Request& request) {
-    std::vector<const Record*> records;
-    const auto take = [&records](const Record& record) {
-        records.push_back(&record);
-    };
+/// How many properties the request can bring at most, however often it names one. A path is not
+/// looked up for it.
+std::size_t CDeviceInfoManager::expectedProperties(const Request& request) const {
+    std::size_t expected = 0;
     for (const auto& [category, paths] : request) {
         for (const std::string& path : paths) {
             if (path == wholeOf) {
-                visitCategory(category, take);
-            } else if (const auto found = m_properties->find(keyOf(category, path));
-                       found != m_properties->end()) {
-                take(*found);
+                visitCategory(category, [&expected](const Record&) { ++expected; });
+            } else {
+                ++expected;
             }
         }
     }
-    return records;
+    return std::min(expected, m_properties->size());
 }
 
 void CDeviceInfoManager::prepareXMLData(Request& request, std::string& data) {
     const auto noise = KLX::XmlErrorScope::toLog();
-    const auto records = recordsOf(request);
-    XmlDocumentBuilder builder(records.size());
+    XmlDocumentBuilder builder(expectedProperties(request));
     const xmlNodePtr root = builder.addRoot("rm_as");
     builder.setAttribute(root, "version", "2.5");
     const xmlNodePtr deviceInfo = builder.addElement(root, "deviceInfo");
     builder.setAttribute(deviceInfo, "devicetype", "TV");
-    for (const Record* const record : records) {
-        const auto& [key, accessor] = *record;
+    const auto add = [this, deviceInfo](const Record& record) {
+        const auto& [key, accessor] = record;
         m_getPropValue(deviceInfo, key, key, accessor);
+    };
+    for (const auto& [category, paths] : request) {
+        for (const std::string& path : paths) {
+            if (path == wholeOf) {
+                visitCategory(category, add);
+            } else if (const auto found = m_properties->find(keyOf(category, path));
+                       found != m_properties->end()) {
+                add(*found);
+            }
+        }
     }
     std::string text;
     KLXCommonUtil::xmlDocumentToString(builder.document(), text);

@@ -226,9 +226,9 @@ private:
     void propertySet(std::string& key, std::string& value);
 
     template <class Visit>
-    void visitCategory(const std::string& category, Visit visit);
+    void visitCategory(const std::string& category, Visit visit) const;
 
-    std::vector<const Record*> recordsOf(const Request& request);
+    std::size_t expectedProperties(const Request& request) const;
     void prepareXMLData(Request& request, std::string& data);
     void m_getPropValue(_xmlNode* parent, const std::string& treePath, const std::string& key,
                         const PropertyAccessor& accessor);

@@ -5,54 +5,49 @@
 
 #include <libxml/parserInternals.h>
 
+#include <cstring>
 #include <new>
 #include <utility>
 
 namespace {
 
-/// What an element with a name, a default and a value takes, if the texts are short.
-constexpr std::size_t sizeOfProperty =
-    sizeof(xmlNode) + 3 * (sizeof(xmlAttr) + sizeof(xmlNode)) + 64;
+/// What a property takes: an element with three attributes, a third of a group around it, and texts
+/// that are not long.
+constexpr std::size_t sizeOfProperty = (sizeof(xmlNode) * 13 + sizeof(xmlAttr) * 10) / 3 + 128;
 
 const xmlChar* xmlText(const char* text) {
     return reinterpret_cast<const xmlChar*>(text);
 }
 
-xmlNodePtr asNode(void* node) {
-    return static_cast<xmlNodePtr>(node);
-}
-
-/// Takes a node up behind those of its kind, which are linked in the same way for children and
-/// attributes.
-template <class Node>
-void append(Node* node, Node*& first, Node* last) {
-    node->prev = last;
-    (last != nullptr ? last->next : first) = node;
-}
-
-// An expression in a name can lead anywhere.
-void require(bool hasRightKind) {
-    if (!hasRightKind) {
+// A name can be an expression that leads to anything that a document has.
+void requireElement(const xmlNode* node) {
+    if (node->type != XML_ELEMENT_NODE) {
         throw KLX::Exception("XML tree has invalid structure");
     }
+}
+
+XmlDocument newDocument() {
+    XmlDocument document(xmlNewDoc(xmlText("1.0")));
+    if (!document) {
+        throw std::bad_alloc();
+    }
+    return document;
 }
 
 } // namespace
 
 XmlDocumentBuilder::XmlDocumentBuilder(std::size_t properties)
-    // One more, for what is around them.
+    // One more, for what is above them.
     : m_memory((properties + 1) * sizeOfProperty, std::pmr::new_delete_resource()),
-      m_document(xmlNewDoc(xmlText("1.0"))) {
-    if (!m_document) {
-        throw std::bad_alloc();
-    }
+      m_document(newDocument()), m_formerPrivate(m_document->_private) {
     m_document->_private = this;
 }
 
 XmlDocumentBuilder::~XmlDocumentBuilder() {
-    // libxml2 is left what it has made: the document alone.
+    // libxml2 gets back what it has made: the document alone.
     m_document->children = nullptr;
     m_document->last = nullptr;
+    m_document->_private = m_formerPrivate;
 }
 
 XmlDocumentBuilder& XmlDocumentBuilder::of(const xmlNode* node) {
@@ -60,23 +55,27 @@ XmlDocumentBuilder& XmlDocumentBuilder::of(const xmlNode* node) {
 }
 
 template <class Node>
-Node* XmlDocumentBuilder::make(xmlElementType type, const xmlChar* name, xmlNodePtr parent) {
+Node* XmlDocumentBuilder::make(xmlElementType type, const xmlChar* name, void* parent) {
     Node* const node = new (m_memory.allocate(sizeof(Node), alignof(Node))) Node{};
     node->type = type;
     node->name = name;
-    node->parent = parent;
+    node->parent = static_cast<xmlNodePtr>(parent);
     node->doc = m_document.get();
     return node;
 }
 
-xmlNodePtr XmlDocumentBuilder::addRoot(const char* name) {
-    return addElement(asNode(m_document.get()), name);
+xmlNodePtr XmlDocumentBuilder::addRoot(const char* kind) {
+    auto* const root = make<xmlNode>(XML_ELEMENT_NODE, xmlText(kind), m_document.get());
+    m_document->children = root;
+    m_document->last = root;
+    return root;
 }
 
 xmlNodePtr XmlDocumentBuilder::addElement(xmlNodePtr parent, const char* kind) {
-    require(parent->type == XML_ELEMENT_NODE || parent->type == XML_DOCUMENT_NODE);
+    requireElement(parent);
     auto* const element = make<xmlNode>(XML_ELEMENT_NODE, xmlText(kind), parent);
-    append(element, parent->children, parent->last);
+    element->prev = parent->last;
+    (parent->last != nullptr ? parent->last->next : parent->children) = element;
     parent->last = element;
     return element;
 }
@@ -94,7 +93,7 @@ xmlNodePtr XmlDocumentBuilder::childNamed(xmlNodePtr parent, const std::string& 
 }
 
 void XmlDocumentBuilder::setAttribute(xmlNodePtr element, const char* name, std::string value) {
-    require(element->type == XML_ELEMENT_NODE);
+    requireElement(element);
     setFitAttribute(element, name, documentText(std::move(value)));
 }
 
@@ -103,23 +102,27 @@ void XmlDocumentBuilder::setFitAttribute(xmlNodePtr element, const char* name,
     xmlAttrPtr last = nullptr;
     for (xmlAttrPtr each = element->properties; each != nullptr; each = each->next) {
         if (xmlStrEqual(each->name, xmlText(name)) != 0) {
-            each->children->content = copied(value);
+            setText(each->children, value);
             return;
         }
         last = each;
     }
     auto* const attribute = make<xmlAttr>(XML_ATTRIBUTE_NODE, xmlText(name), element);
-    // libxml2 knows a text by the address of this name.
-    auto* const text = make<xmlNode>(XML_TEXT_NODE, xmlStringText, asNode(attribute));
-    text->content = copied(value);
+    auto* const text = make<xmlNode>(XML_TEXT_NODE, xmlStringText, attribute);
+    setText(text, value);
     attribute->children = text;
     attribute->last = text;
-    append(attribute, element->properties, last);
+    attribute->prev = last;
+    (last != nullptr ? last->next : element->properties) = attribute;
 }
 
-xmlChar* XmlDocumentBuilder::copied(const std::string& text) {
-    auto* const copy = static_cast<xmlChar*>(m_memory.allocate(text.size() + 1, 1));
-    text.copy(reinterpret_cast<char*>(copy), text.size());
-    copy[text.size()] = 0;
-    return copy;
+void XmlDocumentBuilder::setText(xmlNodePtr text, const std::string& value) {
+    // Nothing is released before the document is: a property that is asked for again and again
+    // takes memory once.
+    const bool hasRoom = text->content != nullptr &&
+                         std::strlen(reinterpret_cast<char*>(text->content)) >= value.size();
+    if (!hasRoom) {
+        text->content = static_cast<xmlChar*>(m_memory.allocate(value.size() + 1, 1));
+    }
+    std::memcpy(text->content, value.c_str(), value.size() + 1);
 }

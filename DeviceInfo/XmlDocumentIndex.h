@@ -6,7 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
-/// Finds the elements that the build of one document has created by parent and name, in a time that
+/// Finds the elements that an `XmlDocumentBuilder` has created by parent and name, in a time that
 /// hardly grows with their number.
 ///
 /// Properties are mostly visited in the order of their names. As long as the names below a parent

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-/// The least that the library's work can cost: the platform calls and log calls that an operation
-/// makes, made directly, with the document built or parsed by the same library from or into
-/// nothing, for a list of settings that is ready.
+/// What the library's work costs without the library: the platform calls and log calls that an
+/// operation makes, made directly, with the document built or parsed by the plain calls of libxml2
+/// or jsoncpp from or into nothing, for a list of settings that is ready.
 namespace floors {
 
 std::string get(const Setting& setting);

@@ -4,6 +4,7 @@
 
 #include <libxml/xmlmemory.h>
 
+#include <memory_resource>
 #include <new>
 
 using namespace klx::test;
@@ -46,16 +47,32 @@ TEST(HookTest, AllocationsOfLibxmlFailToo) {
     EXPECT_EQ(block, nullptr);
 }
 
+TEST(HookTest, AllocationsOfMemoryResourcesFailToo) {
+    AllocationFaults faults(1);
+    bool failed = false;
+    try {
+        void* const block = std::pmr::new_delete_resource()->allocate(blockSize);
+        std::pmr::new_delete_resource()->deallocate(block, blockSize);
+    } catch (const std::bad_alloc&) {
+        failed = true;
+    }
+    faults.disarm();
+    EXPECT_TRUE(faults.metFault());
+    EXPECT_TRUE(failed);
+}
+
 TEST(HookTest, BlocksThatAreKeptAreCountedUntilTheyAreGivenBack) {
     AllocationFaults watch(0);
     void* const kept = takeBlock();
     void* const ofLibxml = xmlMalloc(blockSize);
+    void* const ofResource = std::pmr::new_delete_resource()->allocate(blockSize);
     giveBlockBack(takeBlock());
     watch.disarm();
     EXPECT_FALSE(watch.metFault());
-    EXPECT_EQ(watch.blocksLeft(), 2u);
+    EXPECT_EQ(watch.blocksLeft(), 3u);
     giveBlockBack(kept);
     xmlFree(ofLibxml);
+    std::pmr::new_delete_resource()->deallocate(ofResource, blockSize);
     EXPECT_EQ(watch.blocksLeft(), 0u);
 }
 

@@ -43,6 +43,15 @@ char* takeCopy(const char* text) {
     return copy == nullptr ? nullptr : static_cast<char*>(std::memcpy(copy, text, size));
 }
 
+void* takeAlignedOrThrow(std::size_t size, std::align_val_t alignment) {
+    void* block = nullptr;
+    if (!mayAllocate() || posix_memalign(&block, std::size_t(alignment), size) != 0) {
+        throw std::bad_alloc();
+    }
+    noteTaken(block);
+    return block;
+}
+
 void* takeOrThrow(std::size_t size) {
     void* const block = take(size);
     if (block == nullptr) {
@@ -89,5 +98,16 @@ void operator delete(void* block, const std::nothrow_t&) noexcept {
     giveBack(block);
 }
 void operator delete[](void* block, const std::nothrow_t&) noexcept {
+    giveBack(block);
+}
+
+// Memory resources take theirs here, however small the alignment.
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return takeAlignedOrThrow(size, alignment);
+}
+void operator delete(void* block, std::align_val_t) noexcept {
+    giveBack(block);
+}
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
     giveBack(block);
 }

@@ -13,7 +13,6 @@ namespace {
 
 std::atomic<long long> held{0};
 std::atomic<long long> highest{0};
-std::atomic<long long> taken{0};
 std::atomic<long long> limit{LLONG_MAX};
 
 void raiseHighest(long long now) {
@@ -32,7 +31,6 @@ bool grants(std::size_t size) {
 }
 
 void* counted(void* block) {
-    ++taken;
     raiseHighest(held += static_cast<long long>(malloc_usable_size(block)));
     return block;
 }
@@ -64,6 +62,14 @@ char* takeCopy(const char* text) {
     return copy == nullptr ? nullptr : static_cast<char*>(std::memcpy(copy, text, size));
 }
 
+void* takeAlignedOrThrow(std::size_t size, std::align_val_t alignment) {
+    void* block = nullptr;
+    if (!grants(size) || posix_memalign(&block, std::size_t(alignment), size) != 0) {
+        throw std::bad_alloc();
+    }
+    return counted(block);
+}
+
 void* takeOrThrow(std::size_t size) {
     void* const block = take(size);
     if (block == nullptr) {
@@ -77,7 +83,7 @@ void* takeOrThrow(std::size_t size) {
 
 } // namespace
 
-HeapWatch::HeapWatch(std::size_t bytes) : m_before(held), m_takingsBefore(taken) {
+HeapWatch::HeapWatch(std::size_t bytes) : m_before(held) {
     highest = m_before;
     limit = m_before + static_cast<long long>(bytes);
 }
@@ -88,10 +94,6 @@ HeapWatch::~HeapWatch() {
 
 std::size_t HeapWatch::peak() const {
     return static_cast<std::size_t>(highest - m_before);
-}
-
-long long HeapWatch::takings() const {
-    return taken - m_takingsBefore;
 }
 
 long long HeapWatch::grown() const {
@@ -126,5 +128,16 @@ void operator delete(void* block, const std::nothrow_t&) noexcept {
     giveBack(block);
 }
 void operator delete[](void* block, const std::nothrow_t&) noexcept {
+    giveBack(block);
+}
+
+// Memory resources take theirs here, however small the alignment.
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return takeAlignedOrThrow(size, alignment);
+}
+void operator delete(void* block, std::align_val_t) noexcept {
+    giveBack(block);
+}
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
     giveBack(block);
 }

@@ -20,12 +20,8 @@ public:
     /** The bytes that are held now and were not at the beginning; negative when there are fewer. */
     long long grown() const;
 
-    /** How often memory was taken. */
-    long long takings() const;
-
 private:
     long long m_before;
-    long long m_takingsBefore;
 };
 
 constexpr std::size_t mebibyte = std::size_t{1} << 20;

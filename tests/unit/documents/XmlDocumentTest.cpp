@@ -1,4 +1,5 @@
 #include "DocumentsTest.h"
+#include "HeapWatch.h"
 
 #include "Exception.h"
 
@@ -43,6 +44,20 @@ TEST_F(XmlDocumentTest, PropertiesShareTheElementsOfTheirCommonSegments) {
       <property name="C" default="" value="2"/>
     </menu>
 )");
+}
+
+TEST_F(XmlDocumentTest, AskingForEverythingManyTimesTakesNoMoreMemory) {
+    for (char name = 'A'; name <= 'Z'; ++name) {
+        records.add(std::string("/M/") + name, std::string(1000, name));
+    }
+    const auto peakOf = [this](std::size_t times) {
+        Request request{{"M", std::list<std::string>(times, "*")}};
+        const HeapWatch watch(16 * mebibyte);
+        dump(request, xml);
+        fake::clearHistory();
+        return watch.peak();
+    };
+    EXPECT_LT(peakOf(100), 2 * peakOf(1));
 }
 
 TEST_F(XmlDocumentTest, DoubledSlashIsASlashInTheName) {

@@ -288,7 +288,9 @@ TEST_F(XmlIndexTest, ElementWithoutANameIsNotTheOneOfAnEmptyName) {
 }
 
 TEST_F(XmlIndexTest, NameThatLeadsToNoElementFailsTheDocument) {
-    for (const char* const path : {"/x'] | @devicetype[.!='q", "/x'] | @devicetype[.!='q/A"}) {
+    const std::string attribute = "/x'] | @devicetype[.!='q";
+    const std::string document = "/x'] | ancestor::node()[2][.!='q";
+    for (const std::string& path : {attribute, attribute + "/A", document, document + "/A"}) {
         DeviceInfoManagerSeam::records().clear();
         records.add(path, "1");
         const Outcome outcome = built({{"", {"*"}}});
