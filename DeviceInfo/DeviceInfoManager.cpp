@@ -411,12 +411,14 @@ void CDeviceInfoManager::visitCategory(const std::string& category, Visit visit)
     }
 }
 
-/// How many properties the request can bring at most, however often it names one. A path is not
-/// looked up for it.
+/// How many properties the request brings at most. Unknown paths count, too: none is looked up.
 std::size_t CDeviceInfoManager::expectedProperties(const Request& request) const {
     std::size_t expected = 0;
     for (const auto& [category, paths] : request) {
         for (const std::string& path : paths) {
+            if (expected >= m_properties->size()) {
+                return m_properties->size();
+            }
             if (path == wholeOf) {
                 visitCategory(category, [&expected](const Record&) { ++expected; });
             } else {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-/// A document of this library's, freed with its tree.
+/// A document and the tree that it holds.
 using XmlDocument = std::unique_ptr<xmlDoc, KLX::ReleasedBy<&xmlFreeDoc>>;
 
 /// Parses a document that may come from anywhere: nothing that it refers to is loaded, and

@@ -13,7 +13,7 @@ namespace {
 
 /// What a property takes: an element with three attributes, a third of a group around it, and texts
 /// that are not long.
-constexpr std::size_t sizeOfProperty = (sizeof(xmlNode) * 13 + sizeof(xmlAttr) * 10) / 3 + 128;
+constexpr std::size_t sizeOfProperty = (sizeof(xmlNode) * 14 + sizeof(xmlAttr) * 10) / 3 + 128;
 
 const xmlChar* xmlText(const char* text) {
     return reinterpret_cast<const xmlChar*>(text);
@@ -82,7 +82,7 @@ xmlNodePtr XmlDocumentBuilder::addElement(xmlNodePtr parent, const char* kind) {
 
 xmlNodePtr XmlDocumentBuilder::addNamedElement(xmlNodePtr parent, const char* kind,
                                                const std::string& name) {
-    xmlNodePtr const element = addElement(parent, kind);
+    const xmlNodePtr element = addElement(parent, kind);
     setFitAttribute(element, "name", name);
     m_index.add(element);
     return element;
@@ -117,8 +117,8 @@ void XmlDocumentBuilder::setFitAttribute(xmlNodePtr element, const char* name,
 }
 
 void XmlDocumentBuilder::setText(xmlNodePtr text, const std::string& value) {
-    // Nothing is released before the document is: a property that is asked for again and again
-    // takes memory once.
+    // Nothing is released before the document is, so a property that is asked for again and again
+    // takes more memory only when its text has grown.
     const bool hasRoom = text->content != nullptr &&
                          std::strlen(reinterpret_cast<char*>(text->content)) >= value.size();
     if (!hasRoom) {

@@ -17,8 +17,8 @@
 /// they are literals. Not safe for use by several threads at once.
 class XmlDocumentBuilder {
 public:
-    /// @param properties about how many will be added: memory for so many is taken at once, and
-    ///                   more where that is not enough
+    /// @param properties about how many will be added: memory for that many is taken in one piece,
+    ///                   and more where that is not enough
     /// @throws std::bad_alloc
     explicit XmlDocumentBuilder(std::size_t properties);
     ~XmlDocumentBuilder();

@@ -17,8 +17,7 @@
 /// the quote has a meaning of its own; no other name can be borne by two children of one parent.
 class XmlDocumentIndex {
 public:
-    /// Finds the child that bears a name, by what is known or, where that does not tell, by an
-    /// XPath expression.
+    /// Finds the child that bears a name; where a quote is in the name, by an XPath expression.
     /// @return the element, null when there is none
     /// @throws KLX::Exception "XML tree has invalid structure" when several bear it, or what
     ///         `KLXCommonUtil::xmlFindNodes` throws

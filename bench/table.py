@@ -93,14 +93,18 @@ def operations(folder, options):
             for platform, found in measured.items() if name in found]
 
 
+def per_record(title, found, name, size):
+    return compared(title, *(found[key] / int(size) if (key := f"{name}{kind}/{size}") in found
+                             else None for kind in ("", "/floor")))
+
+
 def growth(folder, options):
     """Time per record; floors grow with the number of records, too, by what memory costs."""
     rows = []
     for platform in PLATFORMS:
         found = times(folder / f"klx_bench_growth_{platform}", options)
-        rows += [compared(f"{title}, per record of {int(size):,}, {platform} platform", *(
-                     found[key] / int(size) if (key := f"{name}{kind}/{size}") in found else None
-                     for kind in ("", "/floor")))
+        rows += [per_record(f"{title}, per record of {int(size):,}, {platform} platform", found,
+                            name, size)
                  for name, title in GROWTH for size in SIZES if f"{name}/{size}" in found]
     return rows
 

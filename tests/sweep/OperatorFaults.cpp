@@ -5,6 +5,7 @@
 
 #include <libxml/xmlmemory.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -44,8 +45,9 @@ char* takeCopy(const char* text) {
 }
 
 void* takeAlignedOrThrow(std::size_t size, std::align_val_t alignment) {
+    const std::size_t wanted = std::max(std::size_t(alignment), sizeof(void*));
     void* block = nullptr;
-    if (!mayAllocate() || posix_memalign(&block, std::size_t(alignment), size) != 0) {
+    if (!mayAllocate() || posix_memalign(&block, wanted, size) != 0) {
         throw std::bad_alloc();
     }
     noteTaken(block);

@@ -2,6 +2,7 @@
 
 #include <libxml/xmlmemory.h>
 
+#include <algorithm>
 #include <atomic>
 #include <climits>
 #include <cstdlib>
@@ -13,6 +14,7 @@ namespace {
 
 std::atomic<long long> held{0};
 std::atomic<long long> highest{0};
+std::atomic<int> pieces{0};
 std::atomic<long long> limit{LLONG_MAX};
 
 void raiseHighest(long long now) {
@@ -63,10 +65,12 @@ char* takeCopy(const char* text) {
 }
 
 void* takeAlignedOrThrow(std::size_t size, std::align_val_t alignment) {
+    const std::size_t wanted = std::max(std::size_t(alignment), sizeof(void*));
     void* block = nullptr;
-    if (!grants(size) || posix_memalign(&block, std::size_t(alignment), size) != 0) {
+    if (!grants(size) || posix_memalign(&block, wanted, size) != 0) {
         throw std::bad_alloc();
     }
+    ++pieces;
     return counted(block);
 }
 
@@ -83,7 +87,7 @@ void* takeOrThrow(std::size_t size) {
 
 } // namespace
 
-HeapWatch::HeapWatch(std::size_t bytes) : m_before(held) {
+HeapWatch::HeapWatch(std::size_t bytes) : m_before(held), m_piecesBefore(pieces) {
     highest = m_before;
     limit = m_before + static_cast<long long>(bytes);
 }
@@ -94,6 +98,10 @@ HeapWatch::~HeapWatch() {
 
 std::size_t HeapWatch::peak() const {
     return static_cast<std::size_t>(highest - m_before);
+}
+
+int HeapWatch::piecesOfResources() const {
+    return pieces - m_piecesBefore;
 }
 
 long long HeapWatch::grown() const {

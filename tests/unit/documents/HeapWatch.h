@@ -20,8 +20,12 @@ public:
     /** The bytes that are held now and were not at the beginning; negative when there are fewer. */
     long long grown() const;
 
+    /** How often memory resources took memory. */
+    int piecesOfResources() const;
+
 private:
     long long m_before;
+    int m_piecesBefore;
 };
 
 constexpr std::size_t mebibyte = std::size_t{1} << 20;

@@ -26,6 +26,7 @@ TEST(HeapWatchTest, SeesWhatMemoryResourcesTake) {
         EXPECT_NE(memory.allocate(1), nullptr);
         EXPECT_GE(watch.grown(), static_cast<long long>(mebibyte));
     }
+    EXPECT_EQ(watch.piecesOfResources(), 1);
     EXPECT_EQ(watch.grown(), 0);
 }
 

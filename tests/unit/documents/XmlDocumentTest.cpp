@@ -46,6 +46,34 @@ TEST_F(XmlDocumentTest, PropertiesShareTheElementsOfTheirCommonSegments) {
 )");
 }
 
+TEST_F(XmlDocumentTest, TreeIsAllocatedInOnePiece) {
+    Request byName;
+    for (int number = 100; number < 400; ++number) {
+        const std::string name = std::to_string(number);
+        records.add("/M/" + name).add("/N/" + name);
+        byName["M"].push_back(name);
+    }
+    const Request ofACategory{{"M", {"*"}}};
+    const Request ofAll{{"M", {"*"}}, {"N", {"*"}}};
+    for (const Request& request : {byName, ofACategory, ofAll}) {
+        const HeapWatch watch(16 * mebibyte);
+        dump(request, xml);
+        EXPECT_EQ(watch.piecesOfResources(), 1);
+    }
+}
+
+TEST_F(XmlDocumentTest, FewPropertiesTakeLittleMemoryHoweverManyThereAre) {
+    for (int number = 0; number < 5000; ++number) {
+        records.add("/M/" + std::to_string(number));
+    }
+    records.add("/N/A");
+    for (const Request& request : {Request{{"M", {"1", "unknown"}}}, Request{{"N", {"*"}}}}) {
+        const HeapWatch watch(16 * mebibyte);
+        dump(request, xml);
+        EXPECT_LT(watch.peak(), mebibyte / 8);
+    }
+}
+
 TEST_F(XmlDocumentTest, AskingForEverythingManyTimesTakesNoMoreMemory) {
     for (char name = 'A'; name <= 'Z'; ++name) {
         records.add(std::string("/M/") + name, std::string(1000, name));

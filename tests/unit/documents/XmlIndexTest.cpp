@@ -54,7 +54,7 @@ const xmlChar* xmlText(const char* text) {
     return reinterpret_cast<const xmlChar*>(text);
 }
 
-/** A document that libxml2 builds alone, in which every element is sought by an expression. */
+/** A document that libxml2 builds by itself, in which every element is sought by an expression. */
 class SearchedDocument {
 public:
     SearchedDocument() {
